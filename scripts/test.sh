@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Sets up the machine, then builds and runs every test: once with warnings as
+# errors, once more under AddressSanitizer and UndefinedBehaviorSanitizer.
+set -euo pipefail
+top=$(cd "$(dirname "$0")/.." && pwd)
+
+bash "$top/scripts/setup.sh"
+
+echo "== build and test"
+bash "$top/scripts/build.sh" "$top/build" -DKTL_WERROR=ON
+(cd "$top/build" && ctest --output-on-failure -j2)
+
+echo "== build and test under ASan and UBSan"
+bash "$top/scripts/build.sh" "$top/build-sanitize" -DKTL_WERROR=ON -DKTL_SANITIZE=ON
+(cd "$top/build-sanitize" && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 ctest --output-on-failure -j2)
