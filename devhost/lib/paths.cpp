@@ -1,0 +1,50 @@
+#include "devhost/lib/paths.h"
+
+#include <cstdlib>
+
+namespace devhost {
+namespace {
+
+std::string Env(const char* pszName) {
+  const char* pszValue = std::getenv(pszName);
+  return pszValue ? std::string(pszValue) : std::string();
+}
+
+std::string EnvOr(const char* pszName, const std::string& strDefault) {
+  const std::string strValue = Env(pszName);
+  return strValue.empty() ? strDefault : strValue;
+}
+
+const std::string kDataDir = KTL_HOST_DEFAULT_DATA_DIR;
+
+}  // namespace
+
+std::string StateDir() {
+  const std::string strExplicit = Env("KTL_STATE_DIR");
+  if (!strExplicit.empty()) return strExplicit;
+  const std::string strXdg = Env("XDG_STATE_HOME");
+  if (!strXdg.empty()) return strXdg + "/ktl-cli";
+  const std::string strHome = Env("HOME");
+  return (strHome.empty() ? std::string("/tmp") : strHome + "/.local/state") + "/ktl-cli";
+}
+
+std::string PluginDir() { return EnvOr("KTL_PLUGIN_DIR", KTL_HOST_DEFAULT_PLUGIN_DIR); }
+std::string TemplateDir() { return EnvOr("KTL_TEMPLATE_DIR", kDataDir + "/templates"); }
+std::string CatalogueFile() { return EnvOr("KTL_CATALOGUE", kDataDir + "/catalogue/messages.ini"); }
+std::string DefaultConfFile() { return EnvOr("KTL_DEFAULT_CONF", kDataDir + "/default/logger.ini"); }
+
+std::string UnderRoot(const std::string& strAbsolutePath) {
+  std::string strRoot = Env("KTL_ROOT");
+  while (!strRoot.empty() && strRoot.back() == '/') strRoot.pop_back();
+  return strRoot + strAbsolutePath;
+}
+
+std::string MountCommand() { return EnvOr("KTL_MOUNT_CMD", "/bin/mount"); }
+std::string TraceFile() { return EnvOr("KTL_TRACE_FILE", StateDir() + "/trace.log"); }
+
+unsigned TraceMask() {
+  const std::string strMask = Env("KTL_TRACE_MASK");
+  return strMask.empty() ? 0u : static_cast<unsigned>(std::strtoul(strMask.c_str(), nullptr, 0));
+}
+
+}  // namespace devhost

@@ -1,0 +1,38 @@
+// Where the development host finds and keeps its files. Every path can be
+// redirected from the environment, so that tests run without root and touch
+// nothing of the machine:
+//
+//   KTL_STATE_DIR      the logging tool's state (configurations, session,
+//                      audit log); default $XDG_STATE_HOME/ktl-cli, else
+//                      $HOME/.local/state/ktl-cli
+//   KTL_PLUGIN_DIR     where ktl-cli loads libktl_cli-<command>.so from
+//   KTL_TEMPLATE_DIR   the Mustache templates (<name>.mustache)
+//   KTL_CATALOGUE      the message catalogue file
+//   KTL_DEFAULT_CONF   the shipped default configuration of the logging tool
+//   KTL_ROOT           the root under which absolute paths that the plug-in
+//                      names (such as its limits file) are looked up; default /
+//   KTL_MOUNT_CMD      the command run in place of "/bin/mount"
+//   KTL_TRACE_FILE     the debug trace file; default <state>/trace.log
+//   KTL_TRACE_MASK     the enabled trace levels as a bit mask (1|2|4|8|16);
+//                      default 0, tracing off
+#ifndef KTL_DEVHOST_PATHS_H
+#define KTL_DEVHOST_PATHS_H
+
+#include <string>
+
+namespace devhost {
+
+std::string StateDir();
+std::string PluginDir();
+std::string TemplateDir();
+std::string CatalogueFile();
+std::string DefaultConfFile();
+// An absolute path as the host sees it: KTL_ROOT + path.
+std::string UnderRoot(const std::string& strAbsolutePath);
+std::string MountCommand();
+std::string TraceFile();
+unsigned TraceMask();
+
+}  // namespace devhost
+
+#endif
