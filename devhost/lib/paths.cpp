@@ -47,4 +47,6 @@ unsigned TraceMask() {
   return strMask.empty() ? 0u : static_cast<unsigned>(std::strtoul(strMask.c_str(), nullptr, 0));
 }
 
+std::string TempDir() { return EnvOr("TMPDIR", "/tmp"); }
+
 }  // namespace devhost

@@ -15,6 +15,7 @@
 //   KTL_TRACE_FILE     the debug trace file; default <state>/trace.log
 //   KTL_TRACE_MASK     the enabled trace levels as a bit mask (1|2|4|8|16);
 //                      default 0, tracing off
+//   TMPDIR             where command output files are created; default /tmp
 #ifndef KTL_DEVHOST_PATHS_H
 #define KTL_DEVHOST_PATHS_H
 
@@ -32,6 +33,7 @@ std::string UnderRoot(const std::string& strAbsolutePath);
 std::string MountCommand();
 std::string TraceFile();
 unsigned TraceMask();
+std::string TempDir();
 
 }  // namespace devhost
 

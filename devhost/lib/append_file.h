@@ -1,0 +1,16 @@
+// Appending whole lines to a log file that several processes may share.
+#ifndef KTL_DEVHOST_APPEND_FILE_H
+#define KTL_DEVHOST_APPEND_FILE_H
+
+#include <string>
+
+namespace devhost {
+
+// Appends strText to strPath with one write, creating the file with mode
+// 0600 if needed, so that lines of concurrent commands never interleave.
+// True when all of it was written; otherwise errno tells why.
+bool AppendToFile(const std::string& strPath, const std::string& strText);
+
+}  // namespace devhost
+
+#endif

@@ -1,0 +1,64 @@
+// CCommand: the development host's command base. It groups the words of the
+// command line into option/value pairs and, as its execution step, writes the
+// command to the audit log.
+#include "host/command.h"
+
+#include <unistd.h>
+
+#include <iostream>
+
+#include "devhost/lib/audit_log.h"
+#include "devhost/lib/current_command.h"
+
+namespace {
+
+// Results of the base's own steps.
+const int kOk = 0;
+const int kValueWithoutOption = 1;
+const int kAuditNotWritten = 1;
+
+bool isOptionWord(const std::string& strWord) { return !strWord.empty() && strWord[0] == '-'; }
+
+}  // namespace
+
+CCommand::CCommand() : m_strTemplateName(devhost::CurrentCommand()) {}
+
+CCommand::~CCommand() {}
+
+// A word starting with "-" opens a pair; the next word is its value unless it
+// starts with "-" too. A value word with no option before it cannot be
+// grouped: the pairs are then left empty.
+int CCommand::CheckParam(std::vector<std::string> vecParam) {
+  m_vecCommandParam.clear();
+  for (size_t i = 0; i < vecParam.size(); ++i) {
+    if (!isOptionWord(vecParam[i])) {
+      m_vecCommandParam.clear();
+      return kValueWithoutOption;
+    }
+    CCommandParam param;
+    param.m_strOption = vecParam[i];
+    if (i + 1 < vecParam.size() && !isOptionWord(vecParam[i + 1])) param.m_strValue = vecParam[++i];
+    m_vecCommandParam.push_back(param);
+  }
+  return kOk;
+}
+
+int CCommand::CheckExec() { return kOk; }
+
+int CCommand::Exec(std::string strCommand) {
+  std::string strError;
+  if (!devhost::AppendAuditLine(GetPPID(), strCommand, strError)) {
+    std::cerr << "ktl-cli: the command was not run: its audit record could not be written (" << strError << ")"
+              << std::endl;
+    return kAuditNotWritten;
+  }
+  return kOk;
+}
+
+int CCommand::SetRequiredValParam(std::vector<std::string> /*vecParam*/) { return kOk; }
+
+int CCommand::CheckServiceStatus() { return kOk; }
+
+// ktl-cli runs one command per process, so its parent is the operator's shell:
+// the session that owns pending edits.
+int CCommand::GetPPID() { return static_cast<int>(getppid()); }

@@ -1,0 +1,70 @@
+// CKtlUtil::ExecSystemCmd: runs a shell command with its standard output in
+// a private temporary file.
+//
+// The command "/bin/mount" (exactly) runs devhost::MountCommand() instead, so
+// that tests and development machines can supply their own mount table. The
+// command's standard input is /dev/null, so that it cannot take the
+// operator's answers to later questions; its standard error is the host's.
+// Its exit status is not looked at: the caller judges the output.
+#include "host/ktl_util.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <vector>
+
+#include "devhost/lib/format.h"
+#include "devhost/lib/paths.h"
+
+extern char** environ;
+
+namespace {
+
+const char kMountCommand[] = "/bin/mount";
+const char kOutputFileTemplate[] = "/ktl-cmd-XXXXXX";
+
+// Runs strCommand with /bin/sh, its standard output going to fdOutput, and
+// waits for it.
+void RunShellCommand(const std::string& strCommand, int fdOutput) {
+  posix_spawn_file_actions_t actions;
+  if (posix_spawn_file_actions_init(&actions) != 0) return;
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_adddup2(&actions, fdOutput, STDOUT_FILENO);
+  std::string strShell = "sh", strOption = "-c", strScript = strCommand;
+  char* argv[] = {&strShell[0], &strOption[0], &strScript[0], nullptr};
+  pid_t pid;
+  if (posix_spawn(&pid, "/bin/sh", &actions, nullptr, argv, environ) == 0) {
+    int nStatus;
+    while (waitpid(pid, &nStatus, 0) < 0 && errno == EINTR) {
+    }
+  }
+  posix_spawn_file_actions_destroy(&actions);
+}
+
+}  // namespace
+
+// Returns the output file's path, which the caller reads and removes. When no
+// file can be created, the path returned names no file, so the caller's open
+// fails and it reports the failure.
+std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
+  va_list args;
+  va_start(args, pszFormat);
+  std::string strCommand = devhost::FormatV(pszFormat, args);
+  va_end(args);
+  if (strCommand == kMountCommand) strCommand = devhost::MountCommand();
+
+  const std::string strTemplate = devhost::TempDir() + kOutputFileTemplate;
+  std::vector<char> path(strTemplate.begin(), strTemplate.end());
+  path.push_back('\0');
+  // Mode 0600: the output may tell what is mounted where.
+  const int fd = mkostemp(path.data(), O_CLOEXEC);
+  if (fd < 0) return strTemplate;  // the unexpanded template: no such file
+  RunShellCommand(strCommand, fd);
+  close(fd);
+  return std::string(path.data());
+}

@@ -1,0 +1,48 @@
+// CMessage: shows catalogue messages. Informational messages go to standard
+// output and return 0; errors go to standard error, prefixed with "Error: "
+// and followed by the code in hex when it is not 0, and return
+// kErrorShownResult, so that a refused command stops the host.
+#include "host/message.h"
+
+#include <iomanip>
+#include <iostream>
+#include <sstream>
+
+#include "devhost/lib/message_catalogue.h"
+
+namespace {
+
+const int kInformationShown = 0;
+// What show returns for every error, known or not.
+const int kErrorShownResult = 1;
+
+std::string HexCode(unsigned long ulCode) {
+  std::ostringstream text;
+  text << "0x" << std::uppercase << std::hex << std::setw(8) << std::setfill('0') << ulCode;
+  return text.str();
+}
+
+}  // namespace
+
+CMessage::CMessage() {}
+
+CMessage::~CMessage() {}
+
+int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strExtra) {
+  std::string strText;
+  std::string strProblem;
+  const bool bKnown = devhost::LookupMessageText(strMsgId, strText, strProblem);
+  if (!strProblem.empty()) std::cerr << "ktl-cli: " << strProblem << std::endl;
+  if (!bKnown) strText = "message " + strMsgId + " (no text in the message catalogue)";
+  if (!strExtra.empty()) strText += " " + strExtra;
+
+  // A success stays a success even when the catalogue lacks its text.
+  if (devhost::isInformationalMessage(strMsgId)) {
+    std::cout << strText << std::endl;
+    return kInformationShown;
+  }
+  std::cerr << "Error: " << strText;
+  if (ulCode != 0) std::cerr << " (code " << HexCode(ulCode) << ")";
+  std::cerr << std::endl;
+  return kErrorShownResult;
+}

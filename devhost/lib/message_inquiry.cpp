@@ -1,0 +1,62 @@
+// CMessage::Inquiry: asks a catalogue question on standard output and reads
+// the answer from standard input.
+#include <unistd.h>
+
+#include <cerrno>
+#include <iostream>
+
+#include "devhost/lib/message_catalogue.h"
+#include "host/message.h"
+#include "host/string_util.h"
+
+namespace {
+
+// Wrong answers after which the question counts as declined.
+const int kMaxAttempts = 3;
+
+// One line from standard input, read byte by byte so that nothing after the
+// answer is taken from a shared input (a script piping several answers).
+// False at the end of input with nothing read.
+bool ReadAnswerLine(std::string& strLine) {
+  strLine.clear();
+  for (;;) {
+    char c;
+    const ssize_t nRead = read(STDIN_FILENO, &c, 1);
+    if (nRead < 0 && errno == EINTR) continue;
+    if (nRead <= 0) return !strLine.empty();
+    if (c == '\n') return true;
+    strLine += c;
+  }
+}
+
+std::string Trimmed(const std::string& strText) {
+  const char kBlanks[] = " \t\r";
+  const auto nFirst = strText.find_first_not_of(kBlanks);
+  if (nFirst == std::string::npos) return std::string();
+  return strText.substr(nFirst, strText.find_last_not_of(kBlanks) - nFirst + 1);
+}
+
+}  // namespace
+
+// nDefault is part of the host's interface; the answer is always asked for.
+bool CMessage::Inquiry(std::string strMsgId, int /*nDefault*/) {
+  std::string strQuestion;
+  std::string strProblem;
+  if (!devhost::LookupMessageText(strMsgId, strQuestion, strProblem)) strQuestion = strMsgId;
+  if (!strProblem.empty()) std::cerr << "ktl-cli: " << strProblem << std::endl;
+
+  for (int nAttempt = 0; nAttempt < kMaxAttempts; ++nAttempt) {
+    std::cout << strQuestion << " [y/n]: " << std::flush;
+    std::string strAnswer;
+    if (!ReadAnswerLine(strAnswer)) {
+      std::cout << std::endl << "No answer: nothing was done." << std::endl;
+      return false;
+    }
+    strAnswer = CStringUtil::StringToLowerCase(Trimmed(strAnswer));
+    if (strAnswer == "y" || strAnswer == "yes") return true;
+    if (strAnswer == "n" || strAnswer == "no") return false;
+    std::cout << "Please answer y (yes) or n (no)." << std::endl;
+  }
+  std::cout << "No valid answer: nothing was done." << std::endl;
+  return false;
+}

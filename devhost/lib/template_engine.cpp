@@ -1,0 +1,69 @@
+// CTemplateEngine: renders a context's template with kainjow Mustache.
+//
+// A data item holding a std::string is a Mustache string; one holding a
+// vector of rows is a list of objects, one per row. Values are written as
+// they are, never HTML-escaped: the output is terminal text. A missing key
+// renders nothing, as Mustache does.
+#include <iostream>
+
+#include "devhost/lib/template_cache.h"
+#include "host/template_engine.h"
+
+namespace {
+
+using Rows = std::vector<std::map<std::string, std::string> >;
+
+// False when an item holds a type that no template can show.
+bool ToMustacheData(const std::map<std::string, boost::any>& mapData, kainjow::mustache::data& data,
+                    std::string& strError) {
+  for (const auto& item : mapData) {
+    if (const std::string* pText = boost::any_cast<std::string>(&item.second)) {
+      data.set(item.first, *pText);
+    } else if (const Rows* pRows = boost::any_cast<Rows>(&item.second)) {
+      kainjow::mustache::data list = kainjow::mustache::data::type::list;
+      for (const auto& row : *pRows) {
+        kainjow::mustache::data object;
+        for (const auto& column : row) object.set(column.first, column.second);
+        list.push_back(object);
+      }
+      data.set(item.first, list);
+    } else {
+      strError = "the data item " + item.first + " holds neither a text nor a list of rows";
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+CTemplateEngine::CTemplateEngine() {}
+
+CTemplateEngine::~CTemplateEngine() {}
+
+bool CTemplateEngine::Output(CTempleteContext context, std::string& strOutput) {
+  const devhost::ParsedTemplate pParsed = devhost::FindTemplate(context.m_strTemplateName);
+  if (!pParsed) {
+    std::cerr << "ktl-cli: the template " << context.m_strTemplateName << " was not loaded" << std::endl;
+    return false;
+  }
+  kainjow::mustache::data data;
+  std::string strError;
+  if (!ToMustacheData(context.m_mapData, data, strError)) {
+    std::cerr << "ktl-cli: cannot render the template " << context.m_strTemplateName << ": " << strError
+              << std::endl;
+    return false;
+  }
+  // Rendering records its errors in the template object: render a copy, so
+  // that the kept template stays valid for the next command.
+  kainjow::mustache::mustache renderer = *pParsed;
+  renderer.set_custom_escape([](const std::string& strValue) { return strValue; });
+  std::string strText = renderer.render(data);
+  if (!renderer.is_valid()) {
+    std::cerr << "ktl-cli: cannot render the template " << context.m_strTemplateName << ": "
+              << renderer.error_message() << std::endl;
+    return false;
+  }
+  strOutput = strText;
+  return true;
+}

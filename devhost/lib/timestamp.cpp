@@ -1,0 +1,15 @@
+#include "devhost/lib/timestamp.h"
+
+#include <ctime>
+
+namespace devhost {
+
+std::string LocalTimestamp() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  char szText[32] = "0000-00-00T00:00:00";
+  if (localtime_r(&now, &local) != nullptr) std::strftime(szText, sizeof szText, "%Y-%m-%dT%H:%M:%S", &local);
+  return szText;
+}
+
+}  // namespace devhost

@@ -1,0 +1,45 @@
+// CTraceUtility::WriteDebug: the debug trace of the development host.
+//
+// A call whose level has a bit in devhost::TraceMask() appends one line to
+// devhost::TraceFile():
+//
+//     <YYYY-MM-DDTHH:MM:SS> <module> <level> <text>
+//
+// e.g. "2026-11-22T21:00:00 cli 4 [ENTER] int CLoggerConfigCmd::Save()". The
+// text is the format with its values, byte for byte, however long. The trace
+// never disturbs the command: a line that cannot be made or written is
+// dropped, and errno is left as the caller had it.
+#include "host/trace_utility.h"
+
+#include <cerrno>
+#include <cstdarg>
+#include <string>
+
+#include "devhost/lib/append_file.h"
+#include "devhost/lib/format.h"
+#include "devhost/lib/paths.h"
+#include "devhost/lib/timestamp.h"
+
+namespace {
+
+void AppendTraceLine(const char* pszModule, unsigned nLevel, const char* pszFormat, va_list args) noexcept {
+  try {
+    if ((nLevel & devhost::TraceMask()) == 0 || pszFormat == nullptr) return;
+    const std::string strLine = devhost::LocalTimestamp() + " " + (pszModule ? pszModule : "-") + " " +
+                                std::to_string(nLevel) + " " + devhost::FormatV(pszFormat, args) + "\n";
+    devhost::AppendToFile(devhost::TraceFile(), strLine);
+  } catch (...) {
+    // Dropped: tracing must never change what the command does.
+  }
+}
+
+}  // namespace
+
+void CTraceUtility::WriteDebug(const char* pszModule, TRACE_DBG_LEVEL eLevel, const char* pszFormat, ...) {
+  const int nSavedErrno = errno;
+  va_list args;
+  va_start(args, pszFormat);
+  AppendTraceLine(pszModule, static_cast<unsigned>(eLevel), pszFormat, args);
+  va_end(args);
+  errno = nSavedErrno;
+}

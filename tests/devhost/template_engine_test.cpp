@@ -1,0 +1,107 @@
+// CTempleteContext and CTemplateEngine of the development host.
+#include "host/template_engine.h"
+#include "tests/devhost/devhost_test_support.h"
+
+namespace {
+
+using devhost_test::DevhostTest;
+using Rows = std::vector<std::map<std::string, std::string> >;
+
+class TemplateTest : public DevhostTest {
+ protected:
+  void SetUp() override {
+    DevhostTest::SetUp();
+    m_env.Set("KTL_TEMPLATE_DIR", m_strDir);
+  }
+  void WriteTemplate(const std::string& strName, const std::string& strText) {
+    devhost_test::WriteFile(Path(strName + ".mustache"), strText);
+  }
+  // Renders; the text, or "<failed>".
+  static std::string Render(const CTempleteContext& context) {
+    std::string strOut;
+    return CTemplateEngine().Output(context, strOut) ? strOut : "<failed>";
+  }
+};
+
+TEST_F(TemplateTest, InitFailsNamingTheFileOfAMissingOrUnparsableTemplate) {
+  WriteTemplate("broken", "{{#Open}}never closed\n");
+  for (const std::string strName : {"missing", "broken"}) {
+    CTempleteContext context;
+    ::testing::internal::CaptureStderr();
+    EXPECT_FALSE(context.Init(strName));
+    const std::string strError = ::testing::internal::GetCapturedStderr();
+    EXPECT_NE(strError.find(Path(strName + ".mustache")), std::string::npos) << strError;
+    EXPECT_EQ(Render(context), "<failed>") << strName;
+  }
+}
+
+TEST_F(TemplateTest, RendersStringsAndRowsWithoutEscaping) {
+  WriteTemplate("report", "{{Title}}:{{#Rows}} [{{FsName}}={{FsValue}}]{{/Rows}}{{#Missing}}never{{/Missing}}\n");
+  CTempleteContext context;
+  ASSERT_TRUE(context.Init("report"));
+  context.PutData("Title", "<disk & \"fs\">");
+  context.PutData("Rows", Rows{{{"FsName", "/data   "}, {"FsValue", "90"}}, {{"FsName", "/a&b"}, {"FsValue", "40"}}});
+  EXPECT_EQ(Render(context), "<disk & \"fs\">: [/data   =90] [/a&b=40]\n");
+}
+
+TEST_F(TemplateTest, AnEmptyListRendersNoRow) {
+  WriteTemplate("report", "[{{#Rows}}row{{/Rows}}]");
+  CTempleteContext context;
+  ASSERT_TRUE(context.Init("report"));
+  context.PutData("Rows", Rows());
+  EXPECT_EQ(Render(context), "[]");
+}
+
+TEST_F(TemplateTest, OutputUsesTheTemplateLoadedByInitWithoutRereadingIt) {
+  WriteTemplate("report", "first {{Value}}");
+  CTempleteContext context;
+  ASSERT_TRUE(context.Init("report"));
+  context.PutData("Value", "1");
+  WriteTemplate("report", "second {{Value}}");
+  EXPECT_EQ(Render(context), "first 1");
+  std::filesystem::remove(Path("report.mustache"));
+  EXPECT_EQ(Render(context), "first 1");
+}
+
+TEST_F(TemplateTest, AnItemOfAnotherTypeIsARenderError) {
+  WriteTemplate("report", "{{Value}}");
+  CTempleteContext context;
+  ASSERT_TRUE(context.Init("report"));
+  context.m_mapData["Value"] = 42;
+  ::testing::internal::CaptureStderr();
+  EXPECT_EQ(Render(context), "<failed>");
+  EXPECT_NE(::testing::internal::GetCapturedStderr().find("Value"), std::string::npos);
+}
+
+// The shipped template of the logger command shows what its keys say.
+TEST_F(TemplateTest, TheLoggerTemplateShowsTheSectionsThatArePut) {
+  m_env.Set("KTL_TEMPLATE_DIR", KTL_SOURCE_DIR "/devhost/templates");
+  CTempleteContext off;
+  ASSERT_TRUE(off.Init("logger"));
+  off.PutData("SyslogOn", "Off");
+  const std::string strOff = Render(off);
+  EXPECT_NE(strOff.find("Off"), std::string::npos) << strOff;
+  EXPECT_EQ(strOff.find("Interval"), std::string::npos) << strOff;
+
+  CTempleteContext on;
+  ASSERT_TRUE(on.Init("logger"));
+  for (const char* pszKey : {"SyslogOn", "InfoOn", "WarnOn", "ErrorOn", "CpuOn", "MemOn", "FileOn"}) {
+    on.PutData(pszKey, "On");
+  }
+  for (const char* pszKey : {"LogDisp", "CpuDisp", "MemDisp", "FileDisp"}) on.PutData(pszKey, "true");
+  on.PutData("CpuInterval", "11");
+  on.PutData("CpuCount", "12");
+  on.PutData("CpuValue", "13");
+  on.PutData("MemInterval", "21");
+  on.PutData("MemCount", "22");
+  on.PutData("MemValue", "23");
+  on.PutData("FileInterval", "31");
+  on.PutData("FileCount", "32");
+  on.PutData("FsList", Rows{{{"FsName", "/data&logs"}, {"FsValue", "94"}}});
+  const std::string strOn = Render(on);
+  for (const char* pszValue : {"11", "12", "13", "21", "22", "23", "31", "32", "/data&logs", "94"}) {
+    EXPECT_NE(strOn.find(pszValue), std::string::npos) << pszValue << " in\n" << strOn;
+  }
+}
+
+}  // namespace
