@@ -1,0 +1,64 @@
+#include "devhost/lib/edit_session.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+#include "devhost/lib/ini_store.h"
+
+namespace devhost {
+
+CStateLock::~CStateLock() {
+  // Closing the file releases the lock.
+  if (m_nFd >= 0) close(m_nFd);
+}
+
+bool CStateLock::Acquire(const std::string& strLockFile, std::string& strError) {
+  if (m_nFd >= 0) return true;
+  const int nFd = open(strLockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+  if (nFd < 0) {
+    strError = "cannot open lock file " + strLockFile + ": " + std::strerror(errno);
+    return false;
+  }
+  while (flock(nFd, LOCK_EX) != 0) {
+    if (errno == EINTR) continue;
+    strError = "cannot lock " + strLockFile + ": " + std::strerror(errno);
+    close(nFd);
+    return false;
+  }
+  m_nFd = nFd;
+  return true;
+}
+
+bool isProcessAlive(int nProcessId) {
+  if (nProcessId < 1) return false;
+  return kill(nProcessId, 0) == 0 || errno == EPERM;
+}
+
+PendingOwner WhoOwnsPending(const std::string& strPendingFile, const std::string& strOwnerFile, int nSession) {
+  if (!isPresent(strPendingFile)) return PendingOwner::kNone;
+  int nOwner = 0;
+  if (!ReadOwner(strOwnerFile, nOwner)) return PendingOwner::kAbandoned;
+  if (nOwner == nSession) return PendingOwner::kSession;
+  return isProcessAlive(nOwner) ? PendingOwner::kOther : PendingOwner::kAbandoned;
+}
+
+bool ReadOwner(const std::string& strOwnerFile, int& nSession) {
+  std::ifstream file(strOwnerFile);
+  int nRead = 0;
+  std::string strRest;
+  if (!(file >> nRead) || (file >> strRest) || nRead < 1) return false;
+  nSession = nRead;
+  return true;
+}
+
+bool WriteOwner(const std::string& strOwnerFile, int nSession, std::string& strError) {
+  return WriteFileAtomically(strOwnerFile, std::to_string(nSession) + "\n", strError);
+}
+
+}  // namespace devhost
