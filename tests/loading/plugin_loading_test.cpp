@@ -53,7 +53,8 @@ TEST_F(PluginLoadingTest, ARefusedCommandLineReturnsTheMessageResult) {
   ASSERT_NE(factory, nullptr);
   scripted::script().mapShowResult["MSG_CLI_ERROR_COMMAND"] = 5;
   CCommand* pCmd = factory();
-  EXPECT_EQ(pCmd->CheckParam({"-confirm", "cur"}), 5);
+  EXPECT_EQ(pCmd->CheckParam({"-bogus"}), 5);
+  EXPECT_EQ(pCmd->CheckParam({"-confirm", "cur"}), 0);
   delete pCmd;
 }
 
