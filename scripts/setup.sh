@@ -5,6 +5,7 @@ set -euo pipefail
 
 packages=(
   cmake ninja-build g++ pkg-config
+  dpkg-dev file              # cpack -G DEB: dpkg-shlibdeps and its ELF detection
   libboost-dev               # Boost.Any (host contract), Boost.PropertyTree (INI files)
   libkainjow-mustache-dev    # Mustache templates of the development host
   googletest libgtest-dev libgmock-dev

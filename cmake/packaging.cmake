@@ -1,0 +1,72 @@
+# Debian packages, built with "cpack -G DEB" from a build directory:
+#   ktl-cli-logger  the plug-in, where the appliance's CLI loads plug-ins,
+#                   and an example limits file kept as a conffile
+#   ktl-cli-host    the development host: ktl-cli, its private libktl_host.so,
+#                   templates, message catalogue and default configuration
+# Only these install rules exist, so nothing of the tests is packaged.
+#
+# A packaging build must point the host at the installed paths:
+#   -DCMAKE_INSTALL_PREFIX=/usr
+#   -DKTL_HOST_PLUGIN_DIR=/opt/velmora/ktl/cli/plugins
+#   -DKTL_HOST_DATA_DIR=/usr/share/ktl-cli
+# (scripts/check-packages.sh does so).
+
+set(KTL_APPLIANCE_CLI_DIR "/opt/velmora/ktl/cli")
+set(KTL_INSTALL_PLUGIN_DIR "${KTL_APPLIANCE_CLI_DIR}/plugins")
+set(KTL_INSTALL_LIB_DIR "lib/ktl-cli")
+set(KTL_INSTALL_DATA_DIR "share/ktl-cli")
+
+# ---- ktl-cli-logger ----
+install(TARGETS ktl_cli-logger LIBRARY DESTINATION "${KTL_INSTALL_PLUGIN_DIR}" COMPONENT logger)
+install(FILES "${PROJECT_SOURCE_DIR}/packaging/LoggerParams.ini"
+        DESTINATION "${KTL_APPLIANCE_CLI_DIR}" COMPONENT logger)
+
+# ---- ktl-cli-host ----
+install(TARGETS ktl-cli RUNTIME DESTINATION bin COMPONENT host)
+install(TARGETS ktl_host LIBRARY DESTINATION "${KTL_INSTALL_LIB_DIR}" COMPONENT host)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/devhost/templates" "${PROJECT_SOURCE_DIR}/devhost/catalogue"
+                  "${PROJECT_SOURCE_DIR}/devhost/default"
+        DESTINATION "${KTL_INSTALL_DATA_DIR}" COMPONENT host)
+# libktl_host.so is private to ktl-cli, so it is found through the RPATH.
+set_target_properties(ktl-cli PROPERTIES INSTALL_RPATH "\$ORIGIN/../${KTL_INSTALL_LIB_DIR}")
+
+# An installed ktl-cli built without the installed paths would look for its
+# data in this checkout; say so at configure time rather than at run time.
+if(NOT KTL_HOST_PLUGIN_DIR STREQUAL KTL_INSTALL_PLUGIN_DIR OR
+   NOT KTL_HOST_DATA_DIR STREQUAL "${CMAKE_INSTALL_PREFIX}/${KTL_INSTALL_DATA_DIR}")
+  message(STATUS "Packages: ktl-cli is built for this checkout; for installable packages set "
+                 "CMAKE_INSTALL_PREFIX=/usr, KTL_HOST_PLUGIN_DIR=${KTL_INSTALL_PLUGIN_DIR} and "
+                 "KTL_HOST_DATA_DIR=/usr/${KTL_INSTALL_DATA_DIR}")
+endif()
+
+# dpkg keeps an administrator's edits of a conffile across upgrades.
+set(KTL_LOGGER_CONFFILES "${PROJECT_BINARY_DIR}/packaging/logger/conffiles")
+file(WRITE "${KTL_LOGGER_CONFFILES}" "${KTL_APPLIANCE_CLI_DIR}/LoggerParams.ini\n")
+
+set(CPACK_PACKAGE_NAME "ktl-cli")
+set(CPACK_PACKAGE_VENDOR "Velmora")
+set(CPACK_PACKAGE_CONTACT "ktl-cli developers <ktl-cli@localhost>")
+set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
+set(CPACK_PACKAGING_INSTALL_PREFIX "/usr")
+set(CPACK_COMPONENTS_ALL logger host)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION "admin")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# libktl_host.so comes with ktl-cli, not from another package.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/devhost")
+set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
+
+set(CPACK_DEBIAN_LOGGER_PACKAGE_NAME "ktl-cli-logger")
+set(CPACK_COMPONENT_LOGGER_DESCRIPTION
+    "logger command plug-in of the management CLI\n"
+    "Views and edits the configuration of the resource-usage logging tool.")
+set(CPACK_DEBIAN_LOGGER_PACKAGE_CONTROL_EXTRA "${KTL_LOGGER_CONFFILES}")
+
+set(CPACK_DEBIAN_HOST_PACKAGE_NAME "ktl-cli-host")
+set(CPACK_COMPONENT_HOST_DESCRIPTION
+    "development host of the management CLI\n"
+    "ktl-cli loads command plug-ins and runs them the way the appliance's CLI does.")
+set(CPACK_COMPONENT_HOST_DEPENDS logger)
+
+include(CPack)
