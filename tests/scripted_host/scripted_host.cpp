@@ -40,7 +40,7 @@ State& state() {
 std::string str(long long n) { return std::to_string(n); }
 
 void record(const std::string& strName, std::vector<std::string> vecArgs = {}) {
-  state().calls.push_back(HostCall{strName, std::move(vecArgs)});
+  if (state().script.bRecord) state().calls.push_back(HostCall{strName, std::move(vecArgs)});
   if (state().script.strThrowIn == strName) {
     if (state().script.bThrowNonStd) throw 42;
     throw std::runtime_error("scripted failure in " + strName);
@@ -164,7 +164,9 @@ int CCommand::GetPPID() {
 // ---- CMessage ----
 
 CMessage::CMessage() { record("CMessage::CMessage"); }
-CMessage::~CMessage() { scripted::calls().push_back({"CMessage::~CMessage", {}}); }
+CMessage::~CMessage() {
+  if (script().bRecord) scripted::calls().push_back({"CMessage::~CMessage", {}});
+}
 
 int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strExtra) {
   record("show", {strMsgId, std::to_string(ulCode), strExtra});
@@ -181,7 +183,7 @@ bool CMessage::Inquiry(std::string strMsgId, int nDefault) {
 
 CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(nullptr) { record("CToolServiceLoggerAcc::CToolServiceLoggerAcc"); }
 CToolServiceLoggerAcc::~CToolServiceLoggerAcc() {
-  scripted::calls().push_back({"CToolServiceLoggerAcc::~CToolServiceLoggerAcc", {}});
+  if (script().bRecord) scripted::calls().push_back({"CToolServiceLoggerAcc::~CToolServiceLoggerAcc", {}});
 }
 
 int CToolServiceLoggerAcc::initWrite(int nProcessId) {
@@ -211,13 +213,13 @@ bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
 
 int CToolServiceLoggerAcc::SetParameter(Velmora_LoggerConf conf) {
   record("SetParameter");
-  scripted::storedRecords().push_back(conf);
+  if (script().bRecord) scripted::storedRecords().push_back(conf);
   return script().nSetParameterResult;
 }
 
 void CToolServiceLoggerAcc::ShowConf(Velmora_LoggerConf conf) {
   record("ShowConf");
-  scripted::shownRecords().push_back(conf);
+  if (script().bRecord) scripted::shownRecords().push_back(conf);
 }
 
 bool CToolServiceLoggerAcc::Discard() {
@@ -317,11 +319,12 @@ std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   if (fd < 0) throw std::runtime_error("scripted host: mkstemp failed");
   ::close(fd);
   std::ofstream(szPath, std::ios::binary) << script().strMountListing;
-  scripted::mountOutputPaths().push_back(szPath);
+  if (script().bRecord) scripted::mountOutputPaths().push_back(szPath);
   return szPath;
 }
 
 void CTraceUtility::WriteDebug(const char* pszModule, TRACE_DBG_LEVEL eLevel, const char* pszFormat, ...) {
+  if (!script().bRecord) return;
   va_list args;
   va_start(args, pszFormat);
   const std::string strLine = scripted::vformat(pszFormat, args);

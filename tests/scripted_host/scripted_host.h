@@ -28,6 +28,11 @@ struct HostCall {
 };
 
 struct Script {
+  // Whether host calls, trace lines and handed records are kept for calls(),
+  // storedRecords() and shownRecords(). The benchmarks turn it off so that
+  // they measure the plug-in, not the bookkeeping.
+  bool bRecord = true;
+
   // CCommand
   int nCheckParamResult = 0;  // non-zero: the word grouping fails
   int nExecResult = 0;        // CCommand::Exec

@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# One whole "logger -syslogoutput on" edit through ktl-cli, against the same
+# INI edit made by crudini and against /bin/true, measured in one hyperfine
+# run so that the ratios share the machine's load.
+#   bench/whole_command.sh [BUILD_DIR]      (default: build-bench, a Release build)
+set -euo pipefail
+top=$(cd "$(dirname "$0")/.." && pwd)
+build_dir=$(cd "${1:-$top/build-bench}" && pwd)
+cli="$build_dir/devhost/ktl-cli"
+[ -x "$cli" ] || { echo "whole_command: no $cli; build with KTL_BUILD_BENCH=ON first (bench/README.md)" >&2; exit 1; }
+for tool in hyperfine crudini; do
+  command -v "$tool" >/dev/null || { echo "whole_command: $tool is missing; run scripts/setup.sh" >&2; exit 1; }
+done
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+# A temporary state directory, as the end-to-end tests set it up.
+export KTL_STATE_DIR="$work/state"
+export KTL_PLUGIN_DIR="$build_dir/plugins"
+export KTL_CATALOGUE="$top/devhost/catalogue/messages.ini"
+export KTL_TEMPLATE_DIR="$top/devhost/templates"
+export KTL_DEFAULT_CONF="$top/devhost/default/logger.ini"
+export KTL_ROOT="$work/root"
+export KTL_TRACE_MASK=0
+mkdir -p "$KTL_STATE_DIR" "$KTL_ROOT"
+cp "$KTL_DEFAULT_CONF" "$work/crudini.ini"
+
+# hyperfine starts the commands itself (--shell=none): ktl-cli's edit session
+# belongs to its parent process, so every run is the same session's edit.
+hyperfine --shell=none --warmup 20 --min-runs 300 --export-json "$work/runs.json" \
+  -n ktl-cli "$cli logger -syslogoutput on" \
+  -n crudini "crudini --set $work/crudini.ini Syslog Output 0x11" \
+  -n true "/bin/true"
+
+python3 - "$work/runs.json" <<'PY'
+import json, sys
+runs = {r["command"]: r for r in json.load(open(sys.argv[1]))["results"]}
+# Wall-clock means suffer most from other load on the machine; the minimum
+# and the CPU time (user + system) are shown beside them.
+measures = {
+    "mean": lambda r: r["mean"],
+    "median": lambda r: r["median"],
+    "min": lambda r: r["min"],
+    "user+sys": lambda r: r["user"] + r["system"],
+}
+print()
+for name, of in measures.items():
+    cli, crudini, true = (of(runs[c]) for c in ("ktl-cli", "crudini", "true"))
+    print(f"{name:9s} ktl-cli {cli*1e3:8.3f} ms  crudini {crudini*1e3:8.3f} ms  true {true*1e3:7.3f} ms"
+          f"  ktl-cli/true {cli/true:6.2f} ({'met' if cli/true <= 4 else 'MISSED'}, <= 4)"
+          f"  crudini/ktl-cli {crudini/cli:6.2f} ({'met' if crudini/cli >= 10 else 'MISSED'}, >= 10)")
+PY
