@@ -11,6 +11,7 @@ packages=(
   googletest libgtest-dev libgmock-dev
   clang libclang-rt-dev      # sanitizer and fuzzer runtimes
   valgrind
+  abigail-tools              # abidw / abidiff: the binary contract guard
   libbenchmark-dev hyperfine crudini   # benchmarks (bench/)
 )
 
