@@ -30,6 +30,27 @@ inline void WriteFile(const std::string& strPath, const std::string& strText) {
   out << strText;
 }
 
+// The lines of a text, each without its "\n"; a last line without one too.
+inline std::vector<std::string> Lines(const std::string& strText) {
+  std::vector<std::string> vecLines;
+  std::istringstream in(strText);
+  for (std::string strLine; std::getline(in, strLine);) vecLines.push_back(strLine);
+  return vecLines;
+}
+
+// The part of a log line after its "YYYY-MM-DDTHH:MM:SS " time stamp, or
+// "<no time stamp>" when it does not start with one.
+inline std::string AfterTimestamp(const std::string& strLine) {
+  const std::string strShape = "dddd-dd-ddTdd:dd:dd ";
+  if (strLine.size() < strShape.size()) return "<no time stamp>";
+  for (size_t i = 0; i < strShape.size(); ++i) {
+    const bool bMatches = strShape[i] == 'd' ? std::isdigit(static_cast<unsigned char>(strLine[i])) != 0
+                                             : strLine[i] == strShape[i];
+    if (!bMatches) return "<no time stamp>";
+  }
+  return strLine.substr(strShape.size());
+}
+
 // Sets variables for the lifetime of the object and restores the previous
 // values (or their absence) afterwards.
 class ScopedEnv {

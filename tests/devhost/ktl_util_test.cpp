@@ -32,14 +32,6 @@ TEST_F(ExecSystemCmdTest, CapturesTheOutputOfTheFormattedCommandInAPrivateFile) 
   EXPECT_EQ(Output(CKtlUtil::ExecSystemCmd("printf '%%s-%%d\\n' %s %d", "word", 42)), "word-42\n");
 }
 
-TEST_F(ExecSystemCmdTest, EachCallGetsItsOwnFile) {
-  const std::string strFirst = CKtlUtil::ExecSystemCmd("echo one");
-  const std::string strSecond = CKtlUtil::ExecSystemCmd("echo two");
-  EXPECT_NE(strFirst, strSecond);
-  EXPECT_EQ(Output(strFirst), "one\n");
-  EXPECT_EQ(Output(strSecond), "two\n");
-}
-
 TEST_F(ExecSystemCmdTest, MountIsRedirectedOnlyWhenItIsTheWholeCommand) {
   m_env.Set("KTL_MOUNT_CMD", "echo 'tmpfs on /data type tmpfs (rw)'");
   EXPECT_EQ(Output(CKtlUtil::ExecSystemCmd("/bin/mount")), "tmpfs on /data type tmpfs (rw)\n");
