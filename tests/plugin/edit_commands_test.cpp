@@ -11,19 +11,10 @@ namespace {
 const char kHold[] = "MSG_CLI_HOLD_PARAM|0|";
 const char kAppError[] = "MSG_CLI_ERROR_APPLICATION|4278190081|";
 const int kAppErrorResult = 7;
-const int kHoldResult = 5;  // informational: never an operation's result
-
-// The WriteString calls as "Section/Key=value".
-std::vector<std::string> Writes() {
-  std::vector<std::string> vecWrites;
-  for (const scripted::HostCall& call : scripted::callsOf("WriteString"))
-    vecWrites.push_back(call.vecArgs[0] + "/" + call.vecArgs[1] + "=" + call.vecArgs[2]);
-  return vecWrites;
-}
 
 void ScriptShowResults() {
-  scripted::script().mapShowResult = {{"MSG_CLI_ERROR_APPLICATION", kAppErrorResult},
-                                      {"MSG_CLI_HOLD_PARAM", kHoldResult}};
+  // The hold message's answer is informational: never an operation's result.
+  scripted::script().mapShowResult = {{"MSG_CLI_ERROR_APPLICATION", kAppErrorResult}, {"MSG_CLI_HOLD_PARAM", 5}};
 }
 
 // EditIntValue and EditOnOff on their own.
@@ -31,15 +22,12 @@ struct WriterCase {
   const char* name;
   bool bOnOff;  // EditOnOff, else EditIntValue
   int nValue;   // the value, or m_nOnOff for EditOnOff
-  bool bShowHold;
-  bool bWriteFails;
+  bool bShowHold, bWriteFails;
   int nExpected;
-  std::vector<std::string> writes;
-  std::vector<std::string> shows;
+  std::string writes;
+  Lines shows;
 };
-KTL_PRINT_CASE_BY_NAME(WriterCase)
-
-class ValueWriterTest : public PluginTest, public ::testing::WithParamInterface<WriterCase> {};
+KTL_CASE_FIXTURE(ValueWriterTest, WriterCase);
 
 TEST_P(ValueWriterTest, WritesTheEncodedValue) {
   const WriterCase& c = GetParam();
@@ -47,53 +35,37 @@ TEST_P(ValueWriterTest, WritesTheEncodedValue) {
   if (c.bWriteFails) scripted::script().setFailWrite = {"SEC/Key"};
   CLoggerConfigCmd cmd;
   scripted::calls().clear();
-  int nResult;
-  if (c.bOnOff) {
-    cmd.m_nOnOff = c.nValue;
-    nResult = cmd.EditOnOff("SEC", "Key", c.bShowHold);
-  } else {
-    nResult = cmd.EditIntValue("SEC", "Key", c.nValue);
-  }
-  EXPECT_EQ(nResult, c.nExpected) << c.name;
-  EXPECT_EQ(Writes(), c.writes) << c.name;
-  EXPECT_EQ(scripted::shows(), c.shows) << c.name;
-  EXPECT_TRUE(scripted::traces().empty()) << c.name;
+  cmd.m_nOnOff = c.nValue;
+  EXPECT_EQ(c.bOnOff ? cmd.EditOnOff("SEC", "Key", c.bShowHold) : cmd.EditIntValue("SEC", "Key", c.nValue), c.nExpected);
+  EXPECT_EQ(Writes(), Words(c.writes));
+  EXPECT_EQ(scripted::shows(), c.shows);
+  EXPECT_TRUE(scripted::traces().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Writers, ValueWriterTest,
-    ::testing::Values(
-        WriterCase{"int written in decimal", false, 90, false, false, 0, {"SEC/Key=90"}, {}},
-        WriterCase{"int zero", false, 0, false, false, 0, {"SEC/Key=0"}, {}},
-        WriterCase{"int other negative written", false, -2, false, false, 0, {"SEC/Key=-2"}, {}},
-        WriterCase{"int not given skipped", false, -1, false, true, 0, {}, {}},
-        WriterCase{"int write fails", false, 30, false, true, kAppErrorResult, {"SEC/Key=30"}, {kAppError}},
-        WriterCase{"on", true, 0x11, false, false, 0, {"SEC/Key=0x11"}, {}},
-        WriterCase{"off", true, 0x10, false, false, 0, {"SEC/Key=0x10"}, {}},
-        WriterCase{"anything else is off", true, -1, false, false, 0, {"SEC/Key=0x10"}, {}},
-        WriterCase{"on with hold message", true, 0x11, true, false, 0, {"SEC/Key=0x11"}, {kHold}},
-        WriterCase{"switch write fails, no hold", true, 0x11, true, true, kAppErrorResult, {"SEC/Key=0x11"},
-                   {kAppError}}),
+    ::testing::Values(WriterCase{"int written in decimal", false, 90, false, false, 0, "SEC/Key=90", {}},
+                      WriterCase{"int other negative written", false, -2, false, false, 0, "SEC/Key=-2", {}},
+                      WriterCase{"int not given skipped", false, -1, false, true, 0, "", {}},
+                      WriterCase{"int write fails", false, 30, false, true, kAppErrorResult, "SEC/Key=30", {kAppError}},
+                      WriterCase{"on", true, 0x11, false, false, 0, "SEC/Key=0x11", {}},
+                      WriterCase{"off", true, 0x10, false, false, 0, "SEC/Key=0x10", {}},
+                      WriterCase{"anything else is off", true, -1, false, false, 0, "SEC/Key=0x10", {}},
+                      WriterCase{"on with hold message", true, 0x11, true, false, 0, "SEC/Key=0x11", {kHold}},
+                      WriterCase{"switch write fails, no hold", true, 0x11, true, true, kAppErrorResult, "SEC/Key=0x11", {kAppError}}),
     CaseName<WriterCase>);
 
 // The edit commands, each form with each failing write.
 struct EditCase {
   const char* name;
   LoggerExecMethod method;
-  int nAlertLevel;
-  int nDevice;
-  int nOnOff;
-  int nInterval;
-  int nCount;
-  int nThreshold;
+  int nAlertLevel, nDevice, nOnOff, nInterval, nCount, nThreshold;
   std::set<std::string> failWrites;
   int nExpected;
-  std::vector<std::string> writes;
-  std::vector<std::string> shows;
+  std::string writes;
+  Lines shows;
 };
-KTL_PRINT_CASE_BY_NAME(EditCase)
-
-class EditCommandTest : public PluginTest, public ::testing::WithParamInterface<EditCase> {};
+KTL_CASE_FIXTURE(EditCommandTest, EditCase);
 
 TEST_P(EditCommandTest, WritesOnlyWhatTheFormGives) {
   const EditCase& c = GetParam();
@@ -108,60 +80,48 @@ TEST_P(EditCommandTest, WritesOnlyWhatTheFormGives) {
   cmd.m_nThreshold = c.nThreshold;
   scripted::calls().clear();
 
-  EXPECT_EQ((cmd.*c.method)(), c.nExpected) << c.name;
-  EXPECT_EQ(Writes(), c.writes) << c.name;
-  EXPECT_EQ(scripted::shows(), c.shows) << c.name;
+  EXPECT_EQ((cmd.*c.method)(), c.nExpected);
+  EXPECT_EQ(Writes(), Words(c.writes));
+  EXPECT_EQ(scripted::shows(), c.shows);
   // Nothing but writes and messages: the pending configuration is not read.
-  for (const std::string& strCall : scripted::callNames())
-    EXPECT_TRUE(strCall == "WriteString" || strCall == "show") << c.name << ": " << strCall;
-
-  std::vector<std::string> vecTraces;
+  for (const std::string& strCall : scripted::callNames()) EXPECT_TRUE(strCall == "WriteString" || strCall == "show") << strCall;
+  Lines vecTraces;
   if (c.method == &CLoggerConfigCmd::CmdDevice)
     vecTraces = {"4|[ENTER] int CLoggerConfigCmd::CmdDevice()", "4|[LEAVE] int CLoggerConfigCmd::CmdDevice()"};
-  EXPECT_EQ(scripted::traces(), vecTraces) << c.name;
+  EXPECT_EQ(scripted::traces(), vecTraces);
 }
 
 const LoggerExecMethod kSyslog = &CLoggerConfigCmd::CmdSyslog;
 const LoggerExecMethod kAlert = &CLoggerConfigCmd::CmdAlert;
 const LoggerExecMethod kDevice = &CLoggerConfigCmd::CmdDevice;
+const int kErr = kAppErrorResult;
 
 INSTANTIATE_TEST_SUITE_P(
-    SyslogAndAlert, EditCommandTest,
+    Forms, EditCommandTest,
     ::testing::Values(
-        EditCase{"syslog on", kSyslog, -1, -1, 0x11, -1, -1, -1, {}, 0, {"Syslog/Output=0x11"}, {kHold}},
-        EditCase{"syslog off", kSyslog, -1, -1, 0x10, -1, -1, -1, {}, 0, {"Syslog/Output=0x10"}, {kHold}},
-        EditCase{"syslog write fails", kSyslog, -1, -1, 0x11, -1, -1, -1, {"Syslog/Output"}, kAppErrorResult,
-                 {"Syslog/Output=0x11"}, {kAppError}},
-        EditCase{"alert inf on", kAlert, 0, -1, 0x11, -1, -1, -1, {}, 0, {"Syslog/Information=0x11"}, {kHold}},
-        EditCase{"alert wrn off", kAlert, 1, -1, 0x10, -1, -1, -1, {}, 0, {"Syslog/Warning=0x10"}, {kHold}},
-        EditCase{"alert err on", kAlert, 2, -1, 0x11, -1, -1, -1, {}, 0, {"Syslog/Error=0x11"}, {kHold}},
-        EditCase{"alert write fails", kAlert, 1, -1, 0x10, -1, -1, -1, {"Syslog/Warning"}, kAppErrorResult,
-                 {"Syslog/Warning=0x10"}, {kAppError}}),
-    CaseName<EditCase>);
-
-INSTANTIATE_TEST_SUITE_P(
-    Device, EditCommandTest,
-    ::testing::Values(
-        EditCase{"cpu on alone", kDevice, -1, 0, 0x11, -1, -1, -1, {}, 0, {"CPU/Available=0x11"}, {kHold}},
+        EditCase{"syslog on", kSyslog, -1, -1, 0x11, -1, -1, -1, {}, 0, "Syslog/Output=0x11", {kHold}},
+        EditCase{"syslog write fails", kSyslog, -1, -1, 0x11, -1, -1, -1, {"Syslog/Output"}, kErr, "Syslog/Output=0x11", {kAppError}},
+        EditCase{"alert inf on", kAlert, 0, -1, 0x11, -1, -1, -1, {}, 0, "Syslog/Information=0x11", {kHold}},
+        EditCase{"alert wrn off", kAlert, 1, -1, 0x10, -1, -1, -1, {}, 0, "Syslog/Warning=0x10", {kHold}},
+        EditCase{"alert err on", kAlert, 2, -1, 0x11, -1, -1, -1, {}, 0, "Syslog/Error=0x11", {kHold}},
+        EditCase{"alert write fails", kAlert, 1, -1, 0x10, -1, -1, -1, {"Syslog/Warning"}, kErr, "Syslog/Warning=0x10", {kAppError}},
         EditCase{"cpu on with all values", kDevice, -1, 0, 0x11, 10, 3, 85, {}, 0,
-                 {"CPU/Available=0x11", "CPU/Interval=10", "CPU/Count=3", "CPU/Threshold=85"}, {kHold}},
+                 "CPU/Available=0x11 CPU/Interval=10 CPU/Count=3 CPU/Threshold=85", {kHold}},
         EditCase{"mem on without count", kDevice, -1, 1, 0x11, 30, -1, 80, {}, 0,
-                 {"MEMORY/Available=0x11", "MEMORY/Interval=30", "MEMORY/Threshold=80"}, {kHold}},
+                 "MEMORY/Available=0x11 MEMORY/Interval=30 MEMORY/Threshold=80", {kHold}},
         EditCase{"disk never writes a threshold", kDevice, -1, 2, 0x11, 60, 5, 70, {}, 0,
-                 {"FILESYS/Available=0x11", "FILESYS/Interval=60", "FILESYS/Count=5"}, {kHold}},
-        EditCase{"cpu off leaves the values", kDevice, -1, 0, 0x10, 10, 3, 85, {}, 0, {"CPU/Available=0x10"},
-                 {kHold}},
-        EditCase{"disk off", kDevice, -1, 2, 0x10, 60, 5, -1, {}, 0, {"FILESYS/Available=0x10"}, {kHold}},
-        EditCase{"switch write fails, nothing else", kDevice, -1, 1, 0x11, 30, 4, 80, {"MEMORY/Available"},
-                 kAppErrorResult, {"MEMORY/Available=0x11"}, {kAppError}},
+                 "FILESYS/Available=0x11 FILESYS/Interval=60 FILESYS/Count=5", {kHold}},
+        EditCase{"cpu off leaves the values", kDevice, -1, 0, 0x10, 10, 3, 85, {}, 0, "CPU/Available=0x10", {kHold}},
+        EditCase{"switch write fails, nothing else", kDevice, -1, 1, 0x11, 30, 4, 80, {"MEMORY/Available"}, kErr,
+                 "MEMORY/Available=0x11", {kAppError}},
         EditCase{"interval fails, the rest still written", kDevice, -1, 0, 0x11, 10, 3, 85, {"CPU/Interval"}, 0,
-                 {"CPU/Available=0x11", "CPU/Interval=10", "CPU/Count=3", "CPU/Threshold=85"}, {kAppError}},
+                 "CPU/Available=0x11 CPU/Interval=10 CPU/Count=3 CPU/Threshold=85", {kAppError}},
         EditCase{"count fails", kDevice, -1, 2, 0x11, 60, 5, -1, {"FILESYS/Count"}, 0,
-                 {"FILESYS/Available=0x11", "FILESYS/Interval=60", "FILESYS/Count=5"}, {kAppError}},
+                 "FILESYS/Available=0x11 FILESYS/Interval=60 FILESYS/Count=5", {kAppError}},
         EditCase{"threshold fails", kDevice, -1, 1, 0x11, -1, -1, 90, {"MEMORY/Threshold"}, 0,
-                 {"MEMORY/Available=0x11", "MEMORY/Threshold=90"}, {kAppError}},
+                 "MEMORY/Available=0x11 MEMORY/Threshold=90", {kAppError}},
         EditCase{"two values fail, two errors", kDevice, -1, 0, 0x11, 10, 3, -1, {"CPU/Interval", "CPU/Count"}, 0,
-                 {"CPU/Available=0x11", "CPU/Interval=10", "CPU/Count=3"}, {kAppError, kAppError}}),
+                 "CPU/Available=0x11 CPU/Interval=10 CPU/Count=3", {kAppError, kAppError}}),
     CaseName<EditCase>);
 
 }  // namespace

@@ -15,7 +15,7 @@ class LifecycleTest : public PluginTest {};
 TEST_F(LifecycleTest, ConstructionBuildsTheServicesAndClaimsTheSession) {
   scripted::script().nPpid = 31;
   std::unique_ptr<CCommand> cmd(GetCommandFactorylogger());
-  EXPECT_EQ(scripted::callNames(), (std::vector<std::string>{"CMessage::CMessage",
+  EXPECT_EQ(scripted::callNames(), (Lines{"CMessage::CMessage",
                                                              "CToolServiceLoggerAcc::CToolServiceLoggerAcc",
                                                              "GetPPID", "initWrite"}));
   EXPECT_EQ(scripted::callsOf("initWrite")[0].vecArgs[0], "31");
@@ -24,24 +24,17 @@ TEST_F(LifecycleTest, ConstructionBuildsTheServicesAndClaimsTheSession) {
 
 TEST_F(LifecycleTest, MembersStartWithTheirInitialValues) {
   CLoggerConfigCmd cmd;
-  EXPECT_EQ(cmd.m_nSettingCmd, 0);
+  EXPECT_EQ(MembersText(cmd), kInitialMembers);
   EXPECT_NE(cmd.m_pMessage, nullptr);
   EXPECT_NE(cmd.m_pLoggerAcc, nullptr);
-  for (int n : {cmd.m_nOnOff, cmd.m_nNoCheck, cmd.m_nDevice, cmd.m_nAlertLevel, cmd.m_nInterval, cmd.m_nCount,
-                cmd.m_nThreshold})
-    EXPECT_EQ(n, -1);
-  EXPECT_FALSE(cmd.m_bSkipProcessCheck);
-  EXPECT_TRUE(cmd.m_strConfirmType.empty());
-  EXPECT_TRUE(cmd.m_strMountPoint.empty());
   EXPECT_EQ(cmd.m_LoggerConf.fs.nAvailable, 0);
-  EXPECT_TRUE(cmd.m_LoggerConf.fs.vecThreshold.empty());
 }
 
 TEST_F(LifecycleTest, DestructionReleasesTheAccessorThenTheMessageService) {
   CCommand* pCmd = GetCommandFactorylogger();
   scripted::calls().clear();
   delete pCmd;
-  EXPECT_EQ(scripted::callNames(), (std::vector<std::string>{"CToolServiceLoggerAcc::~CToolServiceLoggerAcc",
+  EXPECT_EQ(scripted::callNames(), (Lines{"CToolServiceLoggerAcc::~CToolServiceLoggerAcc",
                                                              "CMessage::~CMessage"}));
 }
 

@@ -9,74 +9,47 @@ namespace {
 
 class MergeTest : public PluginTest {};
 
-// The set predicate, applied to one syslog switch at a time.
-struct SwitchCase {
-  const char* name;
-  int nPending;
-  int nCurrent;
-  int nExpected;
-};
-KTL_PRINT_CASE_BY_NAME(SwitchCase)
-
-class SwitchMergeTest : public PluginTest, public ::testing::WithParamInterface<SwitchCase> {};
-
-TEST_P(SwitchMergeTest, EachSyslogSwitchIsCompletedByItself) {
-  const SwitchCase& c = GetParam();
-  // The switch under test in each of the four places; the other three are
-  // set in the pending record and must survive.
-  for (int nField = 0; nField < 4; ++nField) {
-    Velmora_LoggerConf pending, current;
-    int* pendingFields[] = {&pending.syslogOutput.nOutput, &pending.syslogOutput.nInformation,
-                            &pending.syslogOutput.nWarning, &pending.syslogOutput.nError};
-    int* currentFields[] = {&current.syslogOutput.nOutput, &current.syslogOutput.nInformation,
-                            &current.syslogOutput.nWarning, &current.syslogOutput.nError};
-    for (int i = 0; i < 4; ++i) {
-      *pendingFields[i] = 0x11;
-      *currentFields[i] = 0x10;
+// The set predicate, applied to each syslog switch by itself: the other three
+// are set in the pending record and must survive.
+TEST_F(MergeTest, EachSyslogSwitchIsCompletedByItself) {
+  struct { int nPending, nCurrent, nExpected; } kCases[] = {
+      {0x11, 0x10, 0x11}, {0x10, 0x11, 0x10}, {0, 0x11, 0x11}, {-1, 0x11, -1},
+      {0x01, 0x11, 0x01}, {0x100, 0x11, 0x11}, {0x0E, 0x10, 0x10}};
+  for (const auto& c : kCases) {
+    for (int nField = 0; nField < 4; ++nField) {
+      Velmora_LoggerConf pending, current;
+      int* pendingFields[] = {&pending.syslogOutput.nOutput, &pending.syslogOutput.nInformation,
+                              &pending.syslogOutput.nWarning, &pending.syslogOutput.nError};
+      int* currentFields[] = {&current.syslogOutput.nOutput, &current.syslogOutput.nInformation,
+                              &current.syslogOutput.nWarning, &current.syslogOutput.nError};
+      for (int i = 0; i < 4; ++i) *pendingFields[i] = 0x11, *currentFields[i] = 0x10;
+      *pendingFields[nField] = c.nPending;
+      *currentFields[nField] = c.nCurrent;
+      pending += current;
+      for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(*pendingFields[i], i == nField ? c.nExpected : 0x11) << c.nPending << ", field " << nField;
     }
-    *pendingFields[nField] = c.nPending;
-    *currentFields[nField] = c.nCurrent;
-    pending += current;
-    for (int i = 0; i < 4; ++i)
-      EXPECT_EQ(*pendingFields[i], i == nField ? c.nExpected : 0x11) << c.name << ", field " << nField;
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    SetPredicate, SwitchMergeTest,
-    ::testing::Values(SwitchCase{"on stays", 0x11, 0x10, 0x11}, SwitchCase{"off stays", 0x10, 0x11, 0x10},
-                      SwitchCase{"unset takes current on", 0, 0x11, 0x11},
-                      SwitchCase{"unset takes current unset", 0, 0, 0},
-                      SwitchCase{"-1 counts as set", -1, 0x11, -1}, SwitchCase{"0x01 counts as set", 0x01, 0x11, 0x01},
-                      SwitchCase{"0x100 counts as unset", 0x100, 0x11, 0x11},
-                      SwitchCase{"0x0E counts as unset", 0x0E, 0x10, 0x10}),
-    CaseName<SwitchCase>);
+std::string Text(const Velmora_LoggerUsageMonitorConf& m) {
+  return std::to_string(m.nAvailable) + ":" + std::to_string(m.nInterval) + ":" + std::to_string(m.nCount) + ":" +
+         std::to_string(m.nThreshold);
+}
 
 // A usage monitor is taken over as a unit, by cpu and by mem alike.
 struct MonitorCase {
   const char* name;
-  Velmora_LoggerUsageMonitorConf pending;
-  Velmora_LoggerUsageMonitorConf current;
-  Velmora_LoggerUsageMonitorConf expected;
+  Velmora_LoggerUsageMonitorConf pending, current, expected;
   bool bMerged;  // whether the "(cpu)"/"(mem)" line is traced
 };
-KTL_PRINT_CASE_BY_NAME(MonitorCase)
-
-class MonitorMergeTest : public PluginTest, public ::testing::WithParamInterface<MonitorCase> {};
-
-void ExpectMonitor(const Velmora_LoggerUsageMonitorConf& actual, const Velmora_LoggerUsageMonitorConf& expected,
-                   const std::string& what) {
-  EXPECT_EQ(actual.nAvailable, expected.nAvailable) << what;
-  EXPECT_EQ(actual.nInterval, expected.nInterval) << what;
-  EXPECT_EQ(actual.nCount, expected.nCount) << what;
-  EXPECT_EQ(actual.nThreshold, expected.nThreshold) << what;
-}
+KTL_CASE_FIXTURE(MonitorMergeTest, MonitorCase);
 
 TEST_P(MonitorMergeTest, MonitorIsTakenOverAsAUnit) {
   const MonitorCase& c = GetParam();
-  for (const char* pszWhich : {"cpu", "mem"}) {
+  for (const std::string strWhich : {"cpu", "mem"}) {
     scripted::reset();
-    const bool bCpu = std::string(pszWhich) == "cpu";
+    const bool bCpu = strWhich == "cpu";
     Velmora_LoggerConf pending, current;
     (bCpu ? pending.cpu : pending.mem) = c.pending;
     (bCpu ? current.cpu : current.mem) = c.current;
@@ -84,41 +57,32 @@ TEST_P(MonitorMergeTest, MonitorIsTakenOverAsAUnit) {
     (bCpu ? pending.mem : pending.cpu) = Monitor(0x10, 7, 8, 9);
     (bCpu ? current.mem : current.cpu) = Monitor(0x11, 1, 2, 3);
     pending += current;
-    ExpectMonitor(bCpu ? pending.cpu : pending.mem, c.expected, std::string(c.name) + " (" + pszWhich + ")");
-    ExpectMonitor(bCpu ? pending.mem : pending.cpu, Monitor(0x10, 7, 8, 9), "untouched monitor");
-    const std::string strLine =
-        std::string("1|void Velmora_LoggerConf::operator+=(Velmora_LoggerConf&) operator+=(") + pszWhich + ")";
+    EXPECT_EQ(Text(bCpu ? pending.cpu : pending.mem), Text(c.expected)) << strWhich;
+    EXPECT_EQ(Text(bCpu ? pending.mem : pending.cpu), "16:7:8:9") << "untouched monitor";
+    const std::string strLine = "1|void Velmora_LoggerConf::operator+=(Velmora_LoggerConf&) operator+=(" + strWhich + ")";
     const auto vecTraces = scripted::traces();
-    EXPECT_EQ(std::count(vecTraces.begin(), vecTraces.end(), strLine), c.bMerged ? 1 : 0) << c.name;
+    EXPECT_EQ(std::count(vecTraces.begin(), vecTraces.end(), strLine), c.bMerged ? 1 : 0) << strWhich;
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(
     UnitRule, MonitorMergeTest,
     ::testing::Values(
-        MonitorCase{"switched off keeps its -1", Monitor(0x10, -1, 5, 80), Monitor(0x11, 60, 6, 90),
-                    Monitor(0x10, -1, 5, 80), false},
-        MonitorCase{"switched on keeps everything", Monitor(0x11, 30, -1, 70), Monitor(0x10, 60, 6, 90),
-                    Monitor(0x11, 30, -1, 70), false},
-        MonitorCase{"unset takes current values", Monitor(0, 0, 0, 80), Monitor(0x11, 60, 6, 90),
-                    Monitor(0x11, 60, 6, 90), true},
-        MonitorCase{"current -1 keeps the pending value", Monitor(0, 15, 0, 80), Monitor(0x10, -1, 6, -1),
-                    Monitor(0x10, 15, 6, 80), true},
-        MonitorCase{"unset switch with current unset", Monitor(0, 1, 2, 3), Monitor(0, -1, -1, -1),
-                    Monitor(0, 1, 2, 3), true}),
+        MonitorCase{"switched off keeps its -1", Monitor(0x10, -1, 5, 80), Monitor(0x11, 60, 6, 90), Monitor(0x10, -1, 5, 80), false},
+        MonitorCase{"switched on keeps everything", Monitor(0x11, 30, -1, 70), Monitor(0x10, 60, 6, 90), Monitor(0x11, 30, -1, 70), false},
+        MonitorCase{"unset takes current values", Monitor(0, 0, 0, 80), Monitor(0x11, 60, 6, 90), Monitor(0x11, 60, 6, 90), true},
+        MonitorCase{"current -1 keeps the pending value", Monitor(0, 15, 0, 80), Monitor(0x10, -1, 6, -1), Monitor(0x10, 15, 6, 80), true},
+        MonitorCase{"unset switch with current unset", Monitor(0, 1, 2, 3), Monitor(0, -1, -1, -1), Monitor(0, 1, 2, 3), true}),
     CaseName<MonitorCase>);
 
 // The disk monitor's list.
 struct ListCase {
   const char* name;
   int nPendingAvailable;
-  std::vector<Velmora_LoggerFsThresholdConf> pending;
-  std::vector<Velmora_LoggerFsThresholdConf> current;
-  std::vector<std::string> expected;  // Describe() of the result
+  std::vector<Velmora_LoggerFsThresholdConf> pending, current;
+  Lines expected;  // Describe() of the result
 };
-KTL_PRINT_CASE_BY_NAME(ListCase)
-
-class FsListMergeTest : public PluginTest, public ::testing::WithParamInterface<ListCase> {};
+KTL_CASE_FIXTURE(FsListMergeTest, ListCase);
 
 TEST_P(FsListMergeTest, ListIsRebuiltInTheCurrentOrder) {
   const ListCase& c = GetParam();
@@ -127,41 +91,27 @@ TEST_P(FsListMergeTest, ListIsRebuiltInTheCurrentOrder) {
   pending.fs.vecThreshold = c.pending;
   current.fs.nAvailable = 0x11;
   current.fs.vecThreshold = c.current;
-  const Velmora_LoggerConf currentBefore = current;
   pending += current;
-  EXPECT_EQ(Describe(pending.fs.vecThreshold), c.expected) << c.name;
-  EXPECT_EQ(Describe(current.fs.vecThreshold), Describe(currentBefore.fs.vecThreshold)) << "other is unchanged";
+  EXPECT_EQ(Describe(pending.fs.vecThreshold), c.expected);
+  EXPECT_EQ(Describe(current.fs.vecThreshold), Describe(c.current)) << "other is unchanged";
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Rebuild, FsListMergeTest,
     ::testing::Values(
-        ListCase{"pending entry wins, current order",
-                 0,
-                 {FsEntry(4, 70, 0x10, "/b")},
-                 {FsEntry(1, 80, 0x11, "/a"), FsEntry(2, 90, 0x11, "/b")},
-                 {"/a:80:17:1", "/b:70:16:4"}},
-        ListCase{"pending-only entry is dropped",
-                 0,
-                 {FsEntry(3, 60, 0x11, "/c"), FsEntry(1, 50, 0x11, "/a")},
-                 {FsEntry(1, 80, 0x11, "/a")},
-                 {"/a:50:17:1"}},
+        ListCase{"pending entry wins, current order", 0, {FsEntry(4, 70, 0x10, "/b")},
+                 {FsEntry(1, 80, 0x11, "/a"), FsEntry(2, 90, 0x11, "/b")}, {"/a:80:17:1", "/b:70:16:4"}},
+        ListCase{"pending-only entry is dropped", 0, {FsEntry(3, 60, 0x11, "/c"), FsEntry(1, 50, 0x11, "/a")},
+                 {FsEntry(1, 80, 0x11, "/a")}, {"/a:50:17:1"}},
         ListCase{"empty current list empties the list", 0, {FsEntry(1, 50, 0x11, "/a")}, {}, {}},
-        ListCase{"paths compare exactly",
-                 0,
-                 {FsEntry(5, 50, 0x11, "/data/"), FsEntry(6, 55, 0x11, "/DATA")},
-                 {FsEntry(1, 80, 0x11, "/data")},
-                 {"/data:80:17:1"}},
-        ListCase{"duplicate current mount takes the first pending match twice",
-                 0,
+        ListCase{"paths compare exactly", 0, {FsEntry(5, 50, 0x11, "/data/"), FsEntry(6, 55, 0x11, "/DATA")},
+                 {FsEntry(1, 80, 0x11, "/data")}, {"/data:80:17:1"}},
+        ListCase{"duplicate current mount takes the first pending match twice", 0,
                  {FsEntry(7, 41, 0x11, "/x"), FsEntry(8, 42, 0x11, "/x")},
                  {FsEntry(1, 80, 0x11, "/x"), FsEntry(2, 85, 0x11, "/y"), FsEntry(3, 90, 0x11, "/x")},
                  {"/x:41:17:7", "/y:85:17:2", "/x:41:17:7"}},
-        ListCase{"switched disk monitor keeps its own list",
-                 0x11,
-                 {FsEntry(3, 60, 0x11, "/c")},
-                 {FsEntry(1, 80, 0x11, "/a")},
-                 {"/c:60:17:3"}}),
+        ListCase{"switched disk monitor keeps its own list", 0x11, {FsEntry(3, 60, 0x11, "/c")},
+                 {FsEntry(1, 80, 0x11, "/a")}, {"/c:60:17:3"}}),
     CaseName<ListCase>);
 
 TEST_F(MergeTest, DiskMonitorScalarsFollowTheUsageMonitorRules) {
@@ -172,43 +122,24 @@ TEST_F(MergeTest, DiskMonitorScalarsFollowTheUsageMonitorRules) {
   current.fs.nInterval = -1;
   current.fs.nCount = 9;
   pending += current;
-  EXPECT_EQ(pending.fs.nAvailable, 0x11);
-  EXPECT_EQ(pending.fs.nInterval, 30);
-  EXPECT_EQ(pending.fs.nCount, 9);
+  EXPECT_EQ(Text(Monitor(pending.fs.nAvailable, pending.fs.nInterval, pending.fs.nCount, 0)), "17:30:9:0");
 }
 
-TEST_F(MergeTest, TracesTheEightLinesInOrderWhenNoMonitorIsSwitched) {
+TEST_F(MergeTest, TracesOneLinePairPerUnswitchedMonitor) {
   Velmora_LoggerConf pending, current;
   pending += current;
-  const char* kConf = "1|void Velmora_LoggerConf::operator+=(Velmora_LoggerConf&) ";
-  const std::vector<std::string> expected = {
-      std::string(kConf) + "operator+=()",
-      "1|void Velmora_LoggerSyslogOutputConf::operator+=(Velmora_LoggerSyslogOutputConf&) operator+=()",
-      std::string(kConf) + "operator+=(cpu)",
-      "1|void Velmora_LoggerUsageMonitorConf::operator+=(Velmora_LoggerUsageMonitorConf&) operator+=()",
-      std::string(kConf) + "operator+=(mem)",
-      "1|void Velmora_LoggerUsageMonitorConf::operator+=(Velmora_LoggerUsageMonitorConf&) operator+=()",
-      std::string(kConf) + "operator+=(fs)",
-      "1|void Velmora_LoggerFsUsageMonitorConf::operator+=(Velmora_LoggerFsUsageMonitorConf&) operator+=()",
-  };
-  EXPECT_EQ(scripted::traces(), expected);
-}
-
-TEST_F(MergeTest, TracesOnlyTheWholeRecordAndSwitchesWhenEveryMonitorIsSwitched) {
-  Velmora_LoggerConf pending, current;
+  const std::string kConf = "1|void Velmora_LoggerConf::operator+=(Velmora_LoggerConf&) operator+=(";
+  const std::string kUsage = "1|void Velmora_LoggerUsageMonitorConf::operator+=(Velmora_LoggerUsageMonitorConf&) operator+=()";
+  EXPECT_EQ(scripted::traces(),
+            (Lines{kConf + ")", "1|void Velmora_LoggerSyslogOutputConf::operator+=(Velmora_LoggerSyslogOutputConf&) operator+=()",
+                   kConf + "cpu)", kUsage, kConf + "mem)", kUsage, kConf + "fs)",
+                   "1|void Velmora_LoggerFsUsageMonitorConf::operator+=(Velmora_LoggerFsUsageMonitorConf&) operator+=()"}));
+  scripted::reset();
   pending.cpu.nAvailable = 0x10;
   pending.mem.nAvailable = 0x11;
   pending.fs.nAvailable = 0x10;
   pending += current;
-  EXPECT_EQ(scripted::traces().size(), 2u);
-}
-
-TEST_F(MergeTest, CopiesAreDeep) {
-  Velmora_LoggerConf original;
-  original.fs.vecThreshold.push_back(FsEntry(1, 80, 0x11, "/data"));
-  Velmora_LoggerConf copy = original;
-  copy.fs.vecThreshold[0].strMount = "/other";
-  EXPECT_EQ(original.fs.vecThreshold[0].strMount, "/data");
+  EXPECT_EQ(scripted::traces().size(), 2u) << "every monitor switched: the record and the switches only";
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include <cctype>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,11 @@ std::string CaseName(const ::testing::TestParamInfo<Case>& info) {
 #define KTL_PRINT_CASE_BY_NAME(Case) \
   inline void PrintTo(const Case& c, std::ostream* os) { *os << c.name; }
 
+// A parameterised fixture over Case, whose cases print by their name.
+#define KTL_CASE_FIXTURE(Fixture, Case) \
+  KTL_PRINT_CASE_BY_NAME(Case)          \
+  class Fixture : public PluginTest, public ::testing::WithParamInterface<Case> {}
+
 inline Velmora_LoggerFsThresholdConf FsEntry(int nIndex, int nThreshold, int nAvailable, const std::string& strMount) {
   Velmora_LoggerFsThresholdConf entry;
   entry.nIndex = nIndex;
@@ -69,5 +75,34 @@ inline std::vector<std::string> Describe(const std::vector<Velmora_LoggerFsThres
                       std::to_string(entry.nAvailable) + ":" + std::to_string(entry.nIndex));
   return vecText;
 }
+
+typedef std::vector<std::string> Lines;
+
+// The blank-separated words of a text: command lines and compact expectations.
+inline Lines Words(const std::string& strText) {
+  std::istringstream in(strText);
+  Lines vecWords;
+  for (std::string strWord; in >> strWord;) vecWords.push_back(strWord);
+  return vecWords;
+}
+
+// The WriteString calls as "Section/Key=value".
+inline Lines Writes() {
+  Lines vecWrites;
+  for (const scripted::HostCall& call : scripted::callsOf("WriteString"))
+    vecWrites.push_back(call.vecArgs[0] + "/" + call.vecArgs[1] + "=" + call.vecArgs[2]);
+  return vecWrites;
+}
+
+// The members the grammar writes, as "name=value" words in a fixed order.
+inline std::string MembersText(const CLoggerConfigCmd& cmd) {
+  return "set=" + std::to_string(cmd.m_nSettingCmd) + " onoff=" + std::to_string(cmd.m_nOnOff) +
+         " nochk=" + std::to_string(cmd.m_nNoCheck) + " dev=" + std::to_string(cmd.m_nDevice) +
+         " alert=" + std::to_string(cmd.m_nAlertLevel) + " int=" + std::to_string(cmd.m_nInterval) +
+         " cnt=" + std::to_string(cmd.m_nCount) + " thr=" + std::to_string(cmd.m_nThreshold) +
+         " skip=" + std::to_string(cmd.m_bSkipProcessCheck) + " type=" + cmd.m_strConfirmType +
+         " mp=" + cmd.m_strMountPoint;
+}
+const char kInitialMembers[] = "set=0 onoff=-1 nochk=-1 dev=-1 alert=-1 int=-1 cnt=-1 thr=-1 skip=0 type= mp=";
 
 #endif

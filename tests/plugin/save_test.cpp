@@ -16,22 +16,18 @@ const char kPrcid[] = "MSG_CLI_CHECK_PRCID|0|";
 struct SaveCase {
   const char* name;
   int nNoCheck;
-  bool bAnswer;          // Inquiry
-  bool bOwnSession;      // CheckProcessId
-  bool bPendingReadable;
+  bool bAnswer, bOwnSession, bPendingReadable;  // Inquiry, CheckProcessId, ReadConfFile
   int nGetParameter;
   int nFsAvailable;      // pending disk monitor; its one entry is /data, switched on
   bool bDataMounted;
   int nSetParameter;
   bool bDropped;         // the accessor's Discard
   int nExpected;
-  std::vector<std::string> calls;
-  std::vector<std::string> shows;
+  std::string calls;
+  Lines shows;
   bool bLeave;           // Save's own LEAVE line
 };
-KTL_PRINT_CASE_BY_NAME(SaveCase)
-
-class SaveTest : public PluginTest, public ::testing::WithParamInterface<SaveCase> {};
+KTL_CASE_FIXTURE(SaveTest, SaveCase);
 
 TEST_P(SaveTest, FollowsTheSavePath) {
   const SaveCase& c = GetParam();
@@ -51,61 +47,43 @@ TEST_P(SaveTest, FollowsTheSavePath) {
   cmd.m_nNoCheck = c.nNoCheck;
   scripted::calls().clear();
 
-  EXPECT_EQ(cmd.Save(), c.nExpected) << c.name;
-  EXPECT_EQ(scripted::callNames(), c.calls) << c.name;
-  EXPECT_EQ(scripted::shows(), c.shows) << c.name;
+  EXPECT_EQ(cmd.Save(), c.nExpected);
+  EXPECT_EQ(scripted::callNames(), Words(c.calls));
+  EXPECT_EQ(scripted::shows(), c.shows);
   for (const scripted::HostCall& call : scripted::callsOf("Inquiry"))
-    EXPECT_EQ(call.vecArgs, (std::vector<std::string>{"MSG_CLI_SAVE_PARAM", "0"})) << c.name;
+    EXPECT_EQ(call.vecArgs, (Lines{"MSG_CLI_SAVE_PARAM", "0"}));
   for (const scripted::HostCall& call : scripted::callsOf("CheckProcessId"))
-    EXPECT_EQ(call.vecArgs[0], "4242") << c.name;
+    EXPECT_EQ(call.vecArgs[0], "4242");
 
-  const std::vector<std::string> vecTraces = scripted::traces();
+  const Lines vecTraces = scripted::traces();
   ASSERT_FALSE(vecTraces.empty());
-  EXPECT_EQ(vecTraces.front(), std::string("4|[ENTER] ") + kSigSave) << c.name;
+  EXPECT_EQ(vecTraces.front(), std::string("4|[ENTER] ") + kSigSave);
   const std::string strLeave = std::string("4|[LEAVE] ") + kSigSave + ", rc=" + std::to_string(c.nExpected);
-  EXPECT_EQ(vecTraces.back() == strLeave, c.bLeave) << c.name << ": " << vecTraces.back();
+  EXPECT_EQ(vecTraces.back() == strLeave, c.bLeave) << ": " << vecTraces.back();
 }
 
-const std::vector<std::string> kUpToMerge{"Inquiry", "GetPPID", "CheckProcessId", "ReadConfFile", "GetParameter"};
-std::vector<std::string> Then(std::vector<std::string> vecCalls, const std::vector<std::string>& vecMore) {
-  vecCalls.insert(vecCalls.end(), vecMore.begin(), vecMore.end());
-  return vecCalls;
-}
-const std::vector<std::string> kCheckedAndStored =
-    Then(kUpToMerge, {"ShowConf", "ExecSystemCmd", "ShowConf", "SetParameter", "show"});
+const std::string kUpToMerge = "Inquiry GetPPID CheckProcessId ReadConfFile GetParameter";
+const std::string kStored = kUpToMerge + " ShowConf ExecSystemCmd ShowConf SetParameter show";
 
 INSTANTIATE_TEST_SUITE_P(
     Paths, SaveTest,
     ::testing::Values(
-        SaveCase{"saved", 0, true, true, true, 0, 0x11, true, 0, true, 2, Then(kCheckedAndStored, {"Discard"}),
-                 {kSaved}, true},
-        SaveCase{"saved, dropping fails unreported", 0, true, true, true, 0, 0x11, true, 0, false, 2,
-                 Then(kCheckedAndStored, {"Discard"}), {kSaved}, true},
+        SaveCase{"saved", 0, true, true, true, 0, 0x11, true, 0, true, 2, kStored + " Discard", {kSaved}, true},
+        SaveCase{"saved, dropping fails unreported", 0, true, true, true, 0, 0x11, true, 0, false, 2, kStored + " Discard", {kSaved}, true},
         SaveCase{"nochk asks nothing", 1, false, true, true, 0, 0x10, true, 0, true, 2,
-                 {"GetPPID", "CheckProcessId", "ReadConfFile", "GetParameter", "ShowConf", "ShowConf", "SetParameter",
-                  "show", "Discard"},
-                 {kSaved}, true},
-        SaveCase{"asks only when the flag is 0", -1, false, true, true, 0, 0x10, true, 0, true, 2,
-                 {"GetPPID", "CheckProcessId", "ReadConfFile", "GetParameter", "ShowConf", "ShowConf", "SetParameter",
-                  "show", "Discard"},
-                 {kSaved}, true},
-        SaveCase{"declined reads nothing", 0, false, true, true, 0, 0x11, true, 0, true, 0, {"Inquiry"}, {}, true},
+                 "GetPPID CheckProcessId ReadConfFile GetParameter ShowConf ShowConf SetParameter show Discard", {kSaved}, true},
+        SaveCase{"declined reads nothing", 0, false, true, true, 0, 0x11, true, 0, true, 0, "Inquiry", {}, true},
         SaveCase{"another session reported, save goes on", 0, true, false, true, 0, 0x10, true, 0, true, 2,
-                 {"Inquiry", "GetPPID", "CheckProcessId", "show", "ReadConfFile", "GetParameter", "ShowConf",
-                  "ShowConf", "SetParameter", "show", "Discard"},
+                 "Inquiry GetPPID CheckProcessId show ReadConfFile GetParameter ShowConf ShowConf SetParameter show Discard",
                  {kPrcid, kSaved}, true},
         SaveCase{"no pending configuration", 0, true, true, false, 0, 0x11, true, 0, true, 7,
-                 {"Inquiry", "GetPPID", "CheckProcessId", "ReadConfFile", "show"}, {kAppError}, false},
-        SaveCase{"tool not installed", 0, true, true, true, 176, 0x11, true, 0, true, 9, Then(kUpToMerge, {"show"}),
-                 {kInstall}, false},
-        SaveCase{"configuration in effect unreadable", 0, true, true, true, 4, 0x11, true, 0, true, 7,
-                 Then(kUpToMerge, {"show"}), {kAppError}, false},
-        SaveCase{"no mounted mount point", 0, true, true, true, 0, 0x11, false, 0, true, 6,
-                 Then(kUpToMerge, {"ShowConf", "ExecSystemCmd", "show"}), {kRefused}, false},
-        SaveCase{"store: not installed, pending kept", 0, true, true, true, 0, 0x11, true, 176, true, 9,
-                 kCheckedAndStored, {kInstall}, true},
-        SaveCase{"store fails, pending kept", 0, true, true, true, 0, 0x11, true, 1, true, 7, kCheckedAndStored,
-                 {kAppError}, true}),
+                 "Inquiry GetPPID CheckProcessId ReadConfFile show", {kAppError}, false},
+        SaveCase{"tool not installed", 0, true, true, true, 176, 0x11, true, 0, true, 9, kUpToMerge + " show", {kInstall}, false},
+        SaveCase{"configuration in effect unreadable", 0, true, true, true, 4, 0x11, true, 0, true, 7, kUpToMerge + " show", {kAppError}, false},
+        SaveCase{"no mounted mount point", 0, true, true, true, 0, 0x11, false, 0, true, 6, kUpToMerge + " ShowConf ExecSystemCmd show",
+                 {kRefused}, false},
+        SaveCase{"store: not installed, pending kept", 0, true, true, true, 0, 0x11, true, 176, true, 9, kStored, {kInstall}, true},
+        SaveCase{"store fails, pending kept", 0, true, true, true, 0, 0x11, true, 1, true, 7, kStored, {kAppError}, true}),
     CaseName<SaveCase>);
 
 class SaveRecordTest : public PluginTest {};
@@ -130,7 +108,7 @@ TEST_F(SaveRecordTest, StoresThePendingRecordCompletedAndChecksTheMergedDisks) {
   EXPECT_EQ(stored.cpu.nAvailable, 0x10);
   EXPECT_EQ(stored.cpu.nInterval, -1);
   EXPECT_EQ(stored.fs.nAvailable, 0x11);
-  EXPECT_EQ(Describe(stored.fs.vecThreshold), (std::vector<std::string>{"/data:70:17:2", "/srv:80:17:4"}));
+  EXPECT_EQ(Describe(stored.fs.vecThreshold), (Lines{"/data:70:17:2", "/srv:80:17:4"}));
   EXPECT_EQ(scripted::callsOf("ExecSystemCmd").size(), 2u);  // both merged mount points checked
   ASSERT_EQ(scripted::shownRecords().size(), 2u);
   EXPECT_EQ(Describe(scripted::shownRecords()[1].fs.vecThreshold), Describe(stored.fs.vecThreshold));

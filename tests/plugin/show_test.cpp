@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <climits>
 #include <map>
 #include <string>
 #include <vector>
@@ -15,8 +14,6 @@ namespace {
 const char kEnterShow[] = "4|[ENTER] int CLoggerConfigCmd::Show(Velmora_LoggerConf&)";
 const char kLeaveShow[] = "4|[LEAVE] int CLoggerConfigCmd::Show(Velmora_LoggerConf&)";
 const unsigned kApplicationError = 4278190081u;
-
-typedef std::vector<std::string> Lines;
 
 Lines Join(std::initializer_list<Lines> parts) {
   Lines vecAll;
@@ -35,13 +32,11 @@ std::string Padded(const std::string& strMount) {
 
 // Syslog on with information on, warning off and error not set; cpu, memory
 // and disk monitors with distinct numbers.
-Velmora_LoggerConf Record(int nOutput, int nCpu, int nMem, int nFs,
-                          std::vector<Velmora_LoggerFsThresholdConf> vecEntries = {}) {
+Velmora_LoggerConf Record(int nOutput, int nCpu, int nMem, int nFs, std::vector<Velmora_LoggerFsThresholdConf> vecEntries = {}) {
   Velmora_LoggerConf conf;
   conf.syslogOutput.nOutput = nOutput;
   conf.syslogOutput.nInformation = 0x11;
   conf.syslogOutput.nWarning = 0x10;
-  conf.syslogOutput.nError = 0;
   conf.cpu = Monitor(nCpu, 60, 3, 80);
   conf.mem = Monitor(nMem, 30, 5, 90);
   conf.fs.nAvailable = nFs;
@@ -54,9 +49,7 @@ Velmora_LoggerConf Record(int nOutput, int nCpu, int nMem, int nFs,
 Velmora_LoggerConf UnsetNumbers() {
   Velmora_LoggerConf conf = Record(0x11, 0x11, 0x11, 0x11, {FsEntry(1, -1, 0x11, "/data")});
   conf.cpu = Monitor(0x11, -1, -1, -1);
-  conf.mem = Monitor(0x11, -1, 7, -1);
-  conf.fs.nInterval = -1;
-  conf.fs.nCount = -1;
+  conf.fs.nInterval = conf.fs.nCount = -1;
   return conf;
 }
 
@@ -145,9 +138,7 @@ TEST_P(ShowDataTest, PutsExactlyTheKeysOfTheRecordsStateAndWritesTheText) {
 INSTANTIATE_TEST_SUITE_P(
     States, ShowDataTest,
     ::testing::Values(
-        ShowCase{"syslog off with everything on",
-                 Record(0x10, 0x11, 0x11, 0x11, {FsEntry(1, 90, 0x11, "/data")}), {"SyslogOn|Off"}},
-        ShowCase{"syslog unset", Record(0, 0x11, 0x11, 0x11), {"SyslogOn|Off"}},
+        ShowCase{"syslog off with everything on", Record(0x10, 0x11, 0x11, 0x11, {FsEntry(1, 90, 0x11, "/data")}), {"SyslogOn|Off"}},
         ShowCase{"syslog 0x20 reads off", Record(0x20, 0x11, 0x11, 0x11), {"SyslogOn|Off"}},
         ShowCase{"monitors off or unset", Record(0x11, 0x10, 0, 0x10, {FsEntry(1, 90, 0x11, "/data")}),
                  Join({kSyslogOn, {"CpuOn|Off", "MemOn|Off", "FileOn|Off"}})},
@@ -158,13 +149,10 @@ INSTANTIATE_TEST_SUITE_P(
         ShowCase{"switch 0x01 reads on", Record(0x01, 0x01, 0x10, 0x10),
                  Join({kSyslogOn, kCpuOn, {"MemOn|Off", "FileOn|Off"}})},
         ShowCase{"unset numbers show as -1", UnsetNumbers(),
-                 Join({kSyslogOn,
-                       {"CpuOn|On", "CpuDisp|true", "CpuInterval|-1", "CpuCount|-1", "CpuValue|-1", "MemOn|On",
-                        "MemDisp|true", "MemInterval|-1", "MemCount|7", "MemValue|-1", "FileOn|On", "FileDisp|true",
-                        "FileInterval|-1", "FileCount|-1", "FsList|" + Row(Padded("/data"), "-1")}})},
+                 Join({kSyslogOn, {"CpuOn|On", "CpuDisp|true", "CpuInterval|-1", "CpuCount|-1", "CpuValue|-1"}, kMemOn,
+                       {"FileOn|On", "FileDisp|true", "FileInterval|-1", "FileCount|-1", "FsList|" + Row(Padded("/data"), "-1")}})},
         ShowCase{"disk on with no entries", DiskOnly({}), DiskOnlyKeys("")},
-        ShowCase{"disk on with every entry off",
-                 DiskOnly({FsEntry(1, 90, 0x10, "/a"), FsEntry(2, 80, 0, "/b")}), DiskOnlyKeys("")},
+        ShowCase{"disk on with every entry off", DiskOnly({FsEntry(1, 90, 0x10, "/a"), FsEntry(2, 80, 0, "/b")}), DiskOnlyKeys("")},
         ShowCase{"only low nibble 1 is listed, in list order",
                  DiskOnly({FsEntry(1, 91, 0x11, "/on"), FsEntry(2, 92, 0x10, "/off"), FsEntry(3, 93, 0x01, "/one"),
                            FsEntry(4, 94, 0x21, "/x21"), FsEntry(5, 95, -1, "/minus"), FsEntry(6, 96, 0x13, "/x13"),
@@ -185,14 +173,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 struct ShowFailureCase {
   const char* name;
-  bool bInit;
-  bool bOutput;
-  Lines calls;
-  Lines traces;
+  bool bInit, bOutput;
+  Lines calls, traces;
 };
-KTL_PRINT_CASE_BY_NAME(ShowFailureCase)
-
-class ShowFailureTest : public PluginTest, public ::testing::WithParamInterface<ShowFailureCase> {};
+KTL_CASE_FIXTURE(ShowFailureTest, ShowFailureCase);
 
 TEST_P(ShowFailureTest, WritesNothingAndReturnsTheMessageResult) {
   const ShowFailureCase& c = GetParam();
@@ -222,14 +206,5 @@ INSTANTIATE_TEST_SUITE_P(
                         {kEnterShow, "2|int CLoggerConfigCmd::Show(Velmora_LoggerConf&) TempleteEngine Output Error",
                          kLeaveShow}}),
     CaseName<ShowFailureCase>);
-
-class Int2StringTest : public PluginTest {};
-
-TEST_F(Int2StringTest, PlainDecimal) {
-  CLoggerConfigCmd cmd;
-  const std::vector<std::pair<int, std::string> > vecCases = {
-      {0, "0"}, {7, "7"}, {1000000, "1000000"}, {-1, "-1"}, {INT_MAX, "2147483647"}, {INT_MIN, "-2147483648"}};
-  for (const auto& c : vecCases) EXPECT_EQ(cmd.Int2String(c.first), c.second);
-}
 
 }  // namespace
