@@ -11,8 +11,9 @@ packages=(
   googletest libgtest-dev libgmock-dev
   clang libclang-rt-dev      # sanitizer and fuzzer runtimes
   valgrind
-  abigail-tools              # abidw / abidiff: the binary contract guard
   libbenchmark-dev hyperfine crudini   # benchmarks (bench/)
+  abigail-tools              # abidw / abidiff: the binary contract guard
+  dpkg-dev file              # cpack's Debian dependency step (dpkg-shlibdeps)
 )
 
 missing=()

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Sets up the machine, then builds and runs every test: once with warnings as
-# errors, once more under AddressSanitizer and UndefinedBehaviorSanitizer.
+# errors, once more under AddressSanitizer and UndefinedBehaviorSanitizer;
+# then the guards: a minute of fuzzing, the binary contract against abi/, and
+# the Debian packages built, installed, run and removed (needs root).
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 
@@ -13,3 +15,12 @@ bash "$top/scripts/build.sh" "$top/build" -DKTL_WERROR=ON
 echo "== build and test under ASan and UBSan"
 bash "$top/scripts/build.sh" "$top/build-sanitize" -DKTL_WERROR=ON -DKTL_SANITIZE=ON
 (cd "$top/build-sanitize" && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 ctest --output-on-failure -j2)
+
+echo "== fuzz the whole protocol for ${KTL_FUZZ_SECONDS:-60} s"
+bash "$top/scripts/fuzz.sh" "${KTL_FUZZ_SECONDS:-60}"
+
+echo "== binary contract"
+bash "$top/scripts/check-abi.sh" "$top/build"
+
+echo "== packages"
+bash "$top/scripts/check-packages.sh" "$top/build-package"
