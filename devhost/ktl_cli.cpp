@@ -11,6 +11,7 @@
 #include <dlfcn.h>
 
 #include <exception>
+#include <iomanip>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -75,8 +76,8 @@ void PrintUsage(std::ostream& out) {
   };
   out << kUsage;
   for (const Variable& variable : variables) {
-    out << "  " << variable.pszName << std::string(18 - std::string(variable.pszName).size(), ' ')
-        << variable.pszMeaning << " [" << variable.strValue << "]\n";
+    out << "  " << std::left << std::setw(18) << variable.pszName << variable.pszMeaning << " [" << variable.strValue
+        << "]\n";
   }
 }
 
