@@ -7,7 +7,8 @@
 // object with the plug-in's factory GetCommandFactoryCOMMAND, and calls
 // CheckParam(words), CheckExec() and Exec(command line), each only after the
 // previous one returned 0; then deletes the object. The exit statuses are
-// listed in kUsage.
+// listed in kUsage. The whole command runs under the command lock of the
+// state directory (devhost/lib/command_lock.h).
 #include <dlfcn.h>
 
 #include <exception>
@@ -17,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "devhost/lib/command_lock.h"
 #include "devhost/lib/current_command.h"
 #include "devhost/lib/paths.h"
 #include "host/command.h"
@@ -168,6 +170,12 @@ int main(int argc, char** argv) {
   // The base CCommand takes its template name from the current command.
   devhost::SetCurrentCommand(strCommand);
   try {
+    devhost::CCommandLock lock;
+    std::string strError;
+    if (!lock.Acquire(strError)) {
+      std::cerr << "ktl-cli: " << strError << std::endl;
+      return kExitCommandFailed;
+    }
     std::unique_ptr<CCommand> pCommand(factory());
     if (!pCommand) {
       std::cerr << "ktl-cli: the factory " << strFactory << " created no command" << std::endl;

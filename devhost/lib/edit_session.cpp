@@ -13,6 +13,19 @@
 
 namespace devhost {
 
+namespace {
+
+// Blocks until the exclusive lock on nFd is held; false (errno set) when it
+// cannot be taken.
+bool LockExclusively(int nFd) {
+  while (flock(nFd, LOCK_EX) != 0) {
+    if (errno != EINTR) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
 CStateLock::~CStateLock() {
   // Closing the file releases the lock.
   if (m_nFd >= 0) close(m_nFd);
@@ -25,14 +38,21 @@ bool CStateLock::Acquire(const std::string& strLockFile, std::string& strError) 
     strError = "cannot open lock file " + strLockFile + ": " + std::strerror(errno);
     return false;
   }
-  while (flock(nFd, LOCK_EX) != 0) {
-    if (errno == EINTR) continue;
+  if (!LockExclusively(nFd)) {
     strError = "cannot lock " + strLockFile + ": " + std::strerror(errno);
     close(nFd);
     return false;
   }
   m_nFd = nFd;
   return true;
+}
+
+void CStateLock::Unlock() {
+  if (m_nFd >= 0) flock(m_nFd, LOCK_UN);
+}
+
+void CStateLock::Relock() {
+  if (m_nFd >= 0) LockExclusively(m_nFd);
 }
 
 bool isProcessAlive(int nProcessId) {

@@ -29,6 +29,11 @@ class CStateLock {
   // False, with strError set, when the file cannot be opened or locked.
   bool Acquire(const std::string& strLockFile, std::string& strError);
 
+  // Lets the held lock go while keeping the file open, and takes it again
+  // (blocking). Both do nothing before a successful Acquire.
+  void Unlock();
+  void Relock();
+
  private:
   int m_nFd = -1;
 };

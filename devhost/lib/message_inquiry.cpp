@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <iostream>
 
+#include "devhost/lib/command_lock.h"
 #include "devhost/lib/message_catalogue.h"
 #include "host/message.h"
 #include "host/string_util.h"
@@ -44,6 +45,9 @@ bool CMessage::Inquiry(std::string strMsgId, int /*nDefault*/) {
   std::string strProblem;
   if (!devhost::LookupMessageText(strMsgId, strQuestion, strProblem)) strQuestion = strMsgId;
   if (!strProblem.empty()) std::cerr << "ktl-cli: " << strProblem << std::endl;
+
+  // Other commands may run while the operator thinks about the answer.
+  const devhost::CCommandLockReleased released;
 
   for (int nAttempt = 0; nAttempt < kMaxAttempts; ++nAttempt) {
     std::cout << strQuestion << " [y/n]: " << std::flush;

@@ -16,6 +16,8 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/case_name.h"
+
 namespace devhost_test {
 
 inline std::string ReadFile(const std::string& strPath) {
@@ -107,22 +109,7 @@ class DevhostTest : public ::testing::Test {
   ScopedEnv m_env;
 };
 
-// Names a parameterised case after its "name" field, e.g. "garbage then y"
-// -> "GarbageThenY_3".
-template <typename Case>
-std::string CaseName(const ::testing::TestParamInfo<Case>& info) {
-  std::string strName;
-  bool bUpper = true;
-  for (const char* p = info.param.name; *p; ++p) {
-    if (std::isalnum(static_cast<unsigned char>(*p))) {
-      strName += bUpper ? static_cast<char>(std::toupper(static_cast<unsigned char>(*p))) : *p;
-      bUpper = false;
-    } else {
-      bUpper = true;
-    }
-  }
-  return strName + "_" + std::to_string(info.index);
-}
+using ktl_test::CaseName;
 
 }  // namespace devhost_test
 

@@ -1,24 +1,12 @@
 // ktl-cli run as a separate process: its usage, its errors when a plug-in
 // or a factory is missing, the order of the protocol steps and its exit
 // statuses. The probe plug-in prints each step it is asked to run.
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include "tests/devhost/devhost_test_support.h"
-
-extern char** environ;
+#include "tests/devhost/cli_process.h"
 
 namespace {
 
+using devhost_test::CliRun;
 using devhost_test::DevhostTest;
-
-struct CliRun {
-  int nExitStatus = -1;
-  std::string strOut;
-  std::string strErr;
-};
 
 class KtlCliTest : public DevhostTest {
  protected:
@@ -31,31 +19,7 @@ class KtlCliTest : public DevhostTest {
 
   // Runs ktl-cli with the words and this process's environment (which the
   // test sets up); standard input is empty.
-  CliRun Run(const std::vector<std::string>& vecWords) {
-    std::vector<std::string> vecArgs = {KTL_CLI_PATH};
-    vecArgs.insert(vecArgs.end(), vecWords.begin(), vecWords.end());
-    std::vector<char*> argv;
-    for (std::string& strArg : vecArgs) argv.push_back(&strArg[0]);
-    argv.push_back(nullptr);
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, Path("out").c_str(), O_WRONLY | O_CREAT | O_TRUNC,
-                                     0600);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, Path("err").c_str(), O_WRONLY | O_CREAT | O_TRUNC,
-                                     0600);
-    CliRun run;
-    pid_t pid;
-    const int nSpawn = posix_spawn(&pid, KTL_CLI_PATH, &actions, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    EXPECT_EQ(nSpawn, 0);
-    int nStatus = 0;
-    if (nSpawn == 0 && waitpid(pid, &nStatus, 0) == pid && WIFEXITED(nStatus)) run.nExitStatus = WEXITSTATUS(nStatus);
-    run.strOut = devhost_test::ReadFile(Path("out"));
-    run.strErr = devhost_test::ReadFile(Path("err"));
-    return run;
-  }
+  CliRun Run(const std::vector<std::string>& vecWords) { return devhost_test::RunCli(vecWords, m_strDir); }
 };
 
 TEST_F(KtlCliTest, HelpExplainsUseExitStatusesAndEnvironment) {
@@ -141,6 +105,15 @@ TEST_F(KtlCliTest, WordsThatCannotBeGroupedStopTheCommand) {
   const CliRun run = Run({"probe", "stray", "-save"});
   EXPECT_EQ(run.nExitStatus, 1);
   EXPECT_EQ(run.strOut, "CheckParam template=probe grouped=1 pairs=0\ndeleted\n");
+}
+
+TEST_F(KtlCliTest, AStateDirectoryThatCannotBeLockedStopsTheCommandBeforeItStarts) {
+  devhost_test::WriteFile(Path("plain-file"), "");
+  m_env.Set("KTL_STATE_DIR", Path("plain-file/state"));
+  const CliRun run = Run({"probe", "-save"});
+  EXPECT_EQ(run.nExitStatus, 1);
+  EXPECT_EQ(run.strOut, "") << "the command object was created";
+  EXPECT_NE(run.strErr.find(Path("plain-file")), std::string::npos) << run.strErr;
 }
 
 TEST_F(KtlCliTest, TheLoggerPlugInShowsTheCatalogueTextOfARefusedCommandLine) {

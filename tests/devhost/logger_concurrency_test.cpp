@@ -11,65 +11,21 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <chrono>
 #include <random>
 #include <thread>
 
-#include "tests/devhost/cli_process.h"
+#include "tests/devhost/logger_cli_fixture.h"
 
 namespace {
 
 using devhost_test::CliRun;
 using devhost_test::ReadFile;
+using devhost_test::SpawnCli;
+using devhost_test::WaitExit;
 
-// Starts ktl-cli with the test process's environment and its output
-// discarded; the caller waits for it.
-pid_t SpawnCli(const std::vector<std::string>& vecWords) {
-  std::vector<std::string> vecArgs = {KTL_CLI_PATH};
-  vecArgs.insert(vecArgs.end(), vecWords.begin(), vecWords.end());
-  std::vector<char*> argv;
-  for (std::string& strArg : vecArgs) argv.push_back(&strArg[0]);
-  argv.push_back(nullptr);
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-  pid_t pid = -1;
-  const int nSpawn = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  EXPECT_EQ(nSpawn, 0) << argv[0];
-  return nSpawn == 0 ? pid : -1;
-}
-
-// The exit status of a child, -1 when it did not exit normally.
-int WaitExit(pid_t pid) {
-  int nStatus = 0;
-  if (pid < 0 || waitpid(pid, &nStatus, 0) != pid || !WIFEXITED(nStatus)) return -1;
-  return WEXITSTATUS(nStatus);
-}
-
-class LoggerConcurrencyTest : public devhost_test::DevhostTest {
+class LoggerConcurrencyTest : public LoggerCliTest {
  protected:
-  void SetUp() override {
-    DevhostTest::SetUp();
-    m_env.Set("KTL_PLUGIN_DIR", KTL_PLUGIN_DIR_FOR_TESTS);
-    m_env.Set("KTL_CATALOGUE", KTL_SOURCE_DIR "/devhost/catalogue/messages.ini");
-    m_env.Set("KTL_TEMPLATE_DIR", KTL_SOURCE_DIR "/devhost/templates");
-    m_env.Set("KTL_DEFAULT_CONF", KTL_SOURCE_DIR "/devhost/default/logger.ini");
-    m_env.Set("KTL_ROOT", Path("root"));
-  }
-
-  CliRun Run(const std::vector<std::string>& vecWords, const std::string& strStdin = "") {
-    std::vector<std::string> vecArgs = {"logger"};
-    vecArgs.insert(vecArgs.end(), vecWords.begin(), vecWords.end());
-    return devhost_test::RunCli(vecArgs, m_strDir, strStdin);
-  }
-
-  void RunOk(const std::vector<std::string>& vecWords, const std::string& strStdin = "") {
-    const CliRun run = Run(vecWords, strStdin);
-    ASSERT_EQ(run.nExitStatus, 0) << vecWords[0] << ": " << run.strErr;
-  }
-
   // The configuration in effect after saving the pending edits, computed by
   // saving a copy of the state directory.
   std::string EffectiveAfterSave() {
@@ -94,15 +50,14 @@ class LoggerConcurrencyTest : public devhost_test::DevhostTest {
   }
 };
 
-// One edit per process, each writing values no other process writes. Each
-// value is one locked read-modify-write of the pending file, so none may be
-// lost. Adding mount points is left out: the plug-in picks the next entry
-// number and writes the entry in separate calls, so two additions running at
-// once can take the same number and one of them is lost.
+// One edit per process, each writing values no other process writes. Adding
+// a mount point reads the number of entries and then writes the next one in
+// separate service calls; only the command lock keeps two additions from
+// taking the same entry.
 struct ParallelEdit {
   std::vector<std::string> words;
   const char* pszSection;
-  const char* pszLine;  // the line of that section in the pending file
+  const char* pszLine;  // the line of that section (any when "") in the pending file
 };
 
 const ParallelEdit kParallelEdits[] = {
@@ -117,16 +72,23 @@ const ParallelEdit kParallelEdits[] = {
     {{"-device", "mem", "-setting", "on", "-threshold", "72"}, "MEMORY", "Threshold=72"},
     {{"-device", "disk", "-setting", "on", "-interval", "33"}, "FILESYS", "Interval=33"},
     {{"-device", "disk", "-setting", "on", "-count", "9"}, "FILESYS", "Count=9"},
+    {{"-mp", "/m1", "-setting", "on"}, "", "Mount=/m1"},
+    {{"-mp", "/m2", "-setting", "on"}, "", "Mount=/m2"},
+    {{"-mp", "/m3", "-setting", "on"}, "", "Mount=/m3"},
+    {{"-mp", "/m4", "-setting", "on", "-threshold", "50"}, "", "Mount=/m4"},
+    {{"-mp", "/m5", "-setting", "on", "-threshold", "50"}, "", "Mount=/m5"},
+    {{"-mp", "/m6", "-setting", "on", "-threshold", "50"}, "", "Mount=/m6"},
 };
 
-// The lines of one section of an INI text.
+// The lines of one section of an INI text; of every section when
+// strSection is empty.
 std::vector<std::string> SectionLines(const std::string& strText, const std::string& strSection) {
   std::vector<std::string> vecLines;
   bool bInside = false;
   for (const std::string& strLine : devhost_test::Lines(strText)) {
     if (!strLine.empty() && strLine[0] == '[') {
       bInside = strLine == "[" + strSection + "]";
-    } else if (bInside) {
+    } else if (bInside || strSection.empty()) {
       vecLines.push_back(strLine);
     }
   }
@@ -137,11 +99,7 @@ TEST_F(LoggerConcurrencyTest, EditsStartedAtOnceAreAllKept) {
   RunOk({"-confirm", "cur"});  // creates the configuration in effect first
   for (int nRound = 0; nRound < 3; ++nRound) {
     std::vector<pid_t> vecChildren;
-    for (const ParallelEdit& edit : kParallelEdits) {
-      std::vector<std::string> vecWords = {"logger"};
-      vecWords.insert(vecWords.end(), edit.words.begin(), edit.words.end());
-      vecChildren.push_back(SpawnCli(vecWords));
-    }
+    for (const ParallelEdit& edit : kParallelEdits) vecChildren.push_back(SpawnCli(LoggerWords(edit.words)));
     for (std::size_t i = 0; i < vecChildren.size(); ++i)
       EXPECT_EQ(WaitExit(vecChildren[i]), 0) << kParallelEdits[i].words[1];
 
@@ -193,6 +151,42 @@ TEST_F(LoggerConcurrencyTest, ASaveKilledMidwayLeavesTheOldOrTheNewConfiguration
   EXPECT_EQ(ReadFile(Path("state/logger.ini")), strNew);
   EXPECT_FALSE(std::filesystem::exists(Path("state/logger.edit.ini")));
   RecordProperty("RoundsSaved", nRoundsSaved);
+}
+
+// A command waiting for the operator's answer lets the command lock go:
+// other commands of the session run meanwhile, and the question still counts.
+TEST_F(LoggerConcurrencyTest, AnOpenQuestionHoldsUpNoOtherCommand) {
+  RunOk({"-syslogoutput", "off"});
+  const std::string strFifo = Path("answer.fifo");
+  ASSERT_EQ(mkfifo(strFifo.c_str(), 0600), 0);
+  // Opened for reading and writing, so that neither end waits for the other.
+  const int nAnswer = open(strFifo.c_str(), O_RDWR);
+  ASSERT_GE(nAnswer, 0);
+  devhost_test::CliFiles files;
+  files.strIn = strFifo;
+  files.strOut = Path("asking.out");
+  const pid_t nAsking = SpawnCli(LoggerWords({"-discard"}), files);
+  for (int nWait = 0; nWait < 1000 && ReadFile(files.strOut).find("[y/n]") == std::string::npos; ++nWait)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  ASSERT_NE(ReadFile(files.strOut).find("[y/n]"), std::string::npos) << "the question was not asked";
+
+  // Runs to its end within ten seconds, or is stopped and reported.
+  const pid_t nEdit = SpawnCli(LoggerWords({"-syslogoutput", "on"}));
+  int nStatus = 0;
+  for (int nWait = 0; nWait < 1000 && waitpid(nEdit, &nStatus, WNOHANG) == 0; ++nWait)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  if (kill(nEdit, 0) == 0) {
+    kill(nEdit, SIGKILL);
+    WaitExit(nEdit);
+    ADD_FAILURE() << "an edit waited for the answer to another command's question";
+  } else {
+    EXPECT_TRUE(WIFEXITED(nStatus) && WEXITSTATUS(nStatus) == 0);
+  }
+
+  ASSERT_EQ(write(nAnswer, "y\n", 2), 2);
+  close(nAnswer);
+  EXPECT_EQ(WaitExit(nAsking), 0);
+  EXPECT_FALSE(std::filesystem::exists(Path("state/logger.edit.ini"))) << "the discard was answered yes";
 }
 
 }  // namespace

@@ -1,15 +1,11 @@
 // The "logger" command end to end: ktl-cli runs as a separate process, loads
 // the real plug-in and works on a temporary state directory through the
-// whole life of a configuration. The mount listing comes from a script that
-// lists /data and /backup, so the tests do not depend on the machine.
-#include <sys/stat.h>
-
-#include "tests/devhost/cli_process.h"
+// whole life of a configuration.
+#include "tests/devhost/logger_cli_fixture.h"
 
 namespace {
 
 using devhost_test::CliRun;
-using devhost_test::ReadFile;
 
 // Texts of the catalogue, as the operator sees them.
 const char kHeld[] = "The change is held in the pending configuration.";
@@ -22,40 +18,14 @@ const char kSyslogOff[] = "Error: This setting cannot be changed while syslog ou
 const char kNotMounted[] = "Error: The directory is not a mounted file system.";
 const char kSaveRefused[] = "Error: The configuration was not saved: the disk usage monitor is on";
 
-class LoggerLifecycleTest : public devhost_test::DevhostTest {
+class LoggerLifecycleTest : public LoggerCliTest {
  protected:
-  void SetUp() override {
-    DevhostTest::SetUp();
-    m_env.Set("KTL_PLUGIN_DIR", KTL_PLUGIN_DIR_FOR_TESTS);
-    m_env.Set("KTL_CATALOGUE", KTL_SOURCE_DIR "/devhost/catalogue/messages.ini");
-    m_env.Set("KTL_TEMPLATE_DIR", KTL_SOURCE_DIR "/devhost/templates");
-    m_env.Set("KTL_DEFAULT_CONF", KTL_SOURCE_DIR "/devhost/default/logger.ini");
-    m_env.Set("KTL_ROOT", Path("root"));
-    const std::string strMount = Path("mount.sh");
-    devhost_test::WriteFile(strMount,
-                            "#!/bin/sh\n"
-                            "echo '/dev/sdb1 on /data type ext4 (rw,relatime)'\n"
-                            "echo '/dev/sdc1 on /backup type xfs (rw)'\n");
-    chmod(strMount.c_str(), 0700);
-    m_env.Set("KTL_MOUNT_CMD", strMount);
-  }
-
-  CliRun Run(const std::vector<std::string>& vecWords, const std::string& strStdin = "",
-             bool bOtherSession = false) {
-    std::vector<std::string> vecArgs = {"logger"};
-    vecArgs.insert(vecArgs.end(), vecWords.begin(), vecWords.end());
-    return devhost_test::RunCli(vecArgs, m_strDir, strStdin, bOtherSession);
-  }
-
   // Runs a command that must succeed and show the hold message.
   void Edit(const std::vector<std::string>& vecWords) {
     const CliRun run = Run(vecWords);
     ASSERT_EQ(run.nExitStatus, 0) << run.strErr;
     EXPECT_NE(run.strOut.find(kHeld), std::string::npos) << run.strOut;
   }
-
-  std::string Effective() { return ReadFile(Path("state/logger.ini")); }
-  std::string Pending() { return ReadFile(Path("state/logger.edit.ini")); }
 };
 
 bool Contains(const std::string& strText, const std::string& strPart) {

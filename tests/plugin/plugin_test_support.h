@@ -13,6 +13,7 @@
 
 #include "plugin/logger_config_cmd.h"
 #include "tests/scripted_host/scripted_host.h"
+#include "tests/support/case_name.h"
 
 class PluginTest : public ::testing::Test {
  protected:
@@ -23,22 +24,7 @@ class PluginTest : public ::testing::Test {
   void TearDown() override { scripted::reset(); }
 };
 
-// Names a parameterised case after its "name" field, e.g. "pending on" ->
-// "PendingOn", so that test lists and failures say which case it is.
-template <typename Case>
-std::string CaseName(const ::testing::TestParamInfo<Case>& info) {
-  std::string strName;
-  bool bUpper = true;
-  for (const char* p = info.param.name; *p; ++p) {
-    if (std::isalnum(static_cast<unsigned char>(*p))) {
-      strName += bUpper ? static_cast<char>(std::toupper(static_cast<unsigned char>(*p))) : *p;
-      bUpper = false;
-    } else {
-      bUpper = true;
-    }
-  }
-  return strName + "_" + std::to_string(info.index);
-}
+using ktl_test::CaseName;
 
 // Prints a case by its name in gtest's messages and test lists.
 #define KTL_PRINT_CASE_BY_NAME(Case) \

@@ -1,0 +1,37 @@
+#include "devhost/lib/command_lock.h"
+
+#include "devhost/lib/make_directories.h"
+#include "devhost/lib/paths.h"
+
+namespace devhost {
+
+namespace {
+
+const char kCommandLockFileName[] = "/ktl-cli.lock";
+
+// The command lock this process holds, for CCommandLockReleased.
+CStateLock* g_pHeldCommandLock = nullptr;
+
+}  // namespace
+
+CCommandLock::~CCommandLock() {
+  if (m_bRegistered) g_pHeldCommandLock = nullptr;
+}
+
+bool CCommandLock::Acquire(std::string& strError) {
+  const std::string strDir = StateDir();
+  if (!MakeDirectories(strDir, strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false;
+  g_pHeldCommandLock = &m_lock;
+  m_bRegistered = true;
+  return true;
+}
+
+CCommandLockReleased::CCommandLockReleased() : m_pReleased(g_pHeldCommandLock) {
+  if (m_pReleased) m_pReleased->Unlock();
+}
+
+CCommandLockReleased::~CCommandLockReleased() {
+  if (m_pReleased) m_pReleased->Relock();
+}
+
+}  // namespace devhost

@@ -1,0 +1,53 @@
+// Whole commands on one state directory, one at a time.
+//
+// The service locks the state for each of its calls, but a command makes
+// several calls that belong together: the plug-in reads how many mount
+// points there are, then writes the next entry. ktl-cli therefore holds the
+// command lock ("ktl-cli.lock" in the state directory) from CheckParam to the
+// end of Exec, so that commands started at the same moment run one after the
+// other. While a command waits for the operator's answer to a question the
+// lock is let go, so that a question left open in one shell does not hold up
+// every other shell.
+#ifndef KTL_DEVHOST_COMMAND_LOCK_H
+#define KTL_DEVHOST_COMMAND_LOCK_H
+
+#include <string>
+
+#include "devhost/lib/edit_session.h"
+
+namespace devhost {
+
+// Holds the command lock of devhost::StateDir() from Acquire until
+// destruction. One per process.
+class CCommandLock {
+ public:
+  CCommandLock() = default;
+  ~CCommandLock();
+  CCommandLock(const CCommandLock&) = delete;
+  CCommandLock& operator=(const CCommandLock&) = delete;
+
+  // Creates the state directory when needed and blocks until the lock is
+  // held. False, with strError set, when that fails.
+  bool Acquire(std::string& strError);
+
+ private:
+  CStateLock m_lock;
+  bool m_bRegistered = false;
+};
+
+// Lets the command lock go for its lifetime, if this process holds it, and
+// takes it again at the end (waiting for it like Acquire).
+class CCommandLockReleased {
+ public:
+  CCommandLockReleased();
+  ~CCommandLockReleased();
+  CCommandLockReleased(const CCommandLockReleased&) = delete;
+  CCommandLockReleased& operator=(const CCommandLockReleased&) = delete;
+
+ private:
+  CStateLock* m_pReleased;
+};
+
+}  // namespace devhost
+
+#endif
