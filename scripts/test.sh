@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Sets up the machine, then builds and runs every test: once with warnings as
-# errors, once more under AddressSanitizer and UndefinedBehaviorSanitizer;
-# then the guards: a minute of fuzzing, the binary contract against abi/, and
+# errors (and the end-to-end ktl-cli runs again under valgrind's memcheck),
+# once more under AddressSanitizer and UndefinedBehaviorSanitizer; then the
+# guards: a minute of fuzzing, the binary contract against abi/, and
 # the Debian packages built, installed, run and removed (needs root).
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
@@ -11,6 +12,9 @@ bash "$top/scripts/setup.sh"
 echo "== build and test"
 bash "$top/scripts/build.sh" "$top/build" -DKTL_WERROR=ON
 (cd "$top/build" && ctest --output-on-failure -j2)
+
+echo "== end-to-end ktl-cli runs under valgrind memcheck"
+bash "$top/scripts/valgrind-e2e.sh" "$top/build"
 
 echo "== build and test under ASan and UBSan"
 bash "$top/scripts/build.sh" "$top/build-sanitize" -DKTL_WERROR=ON -DKTL_SANITIZE=ON

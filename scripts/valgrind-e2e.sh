@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# Runs every ktl-cli of the end-to-end tests under valgrind's memcheck and
+# fails on any memory error or leak.
+#   scripts/valgrind-e2e.sh [BUILD_DIR]     (default build/, built if missing)
+# Each ktl-cli process writes its own log into BUILD_DIR/valgrind-e2e/; a log
+# without "ERROR SUMMARY: 0 errors" is printed and fails the run. The tests
+# that start ktl-cli through their common runner take the valgrind command
+# line from KTL_CLI_WRAPPER.
+set -euo pipefail
+top=$(cd "$(dirname "$0")/.." && pwd)
+build_dir=${1:-$top/build}
+
+if [ ! -f "$build_dir/build.ninja" ]; then
+  bash "$top/scripts/build.sh" "$build_dir"
+fi
+if grep -q '^KTL_SANITIZE:BOOL=ON' "$build_dir/CMakeCache.txt"; then
+  echo "valgrind-e2e: $build_dir is a sanitizer build; valgrind needs a plain one" >&2
+  exit 2
+fi
+cmake --build "$build_dir" --target devhost_tests
+
+log_dir=$build_dir/valgrind-e2e
+rm -rf "$log_dir"
+mkdir -p "$log_dir"
+
+valgrind=$(command -v valgrind)
+export KTL_CLI_WRAPPER="$valgrind --tool=memcheck --leak-check=full --show-leak-kinds=all
+  --errors-for-leak-kinds=all --num-callers=40 --child-silent-after-fork=yes
+  --suppressions=$top/scripts/valgrind/ktl-cli.supp
+  --log-file=$log_dir/ktl-cli.%p.log"
+
+# Left out: the kill test stops ktl-cli mid-save on purpose and needs it at
+# native speed; the parallel-edit test runs fifty edits of the forms that the
+# lifecycle tests already run one by one.
+status=0
+"$build_dir/tests/devhost/devhost_tests" \
+  --gtest_filter='Logger*:-LoggerConcurrencyTest.ASaveKilledMidway*:LoggerConcurrencyTest.EditsStartedAtOnce*' \
+  || status=$?
+
+shopt -s nullglob
+logs=("$log_dir"/ktl-cli.*.log)
+if [ "${#logs[@]}" -eq 0 ]; then
+  echo "valgrind-e2e: no valgrind log was written; did the tests start ktl-cli?" >&2
+  exit 1
+fi
+bad=0
+for log in "${logs[@]}"; do
+  if ! grep -q 'ERROR SUMMARY: 0 errors' "$log"; then
+    echo "==== $log" >&2
+    cat "$log" >&2
+    bad=$((bad + 1))
+  fi
+done
+echo "valgrind-e2e: ${#logs[@]} ktl-cli runs checked, $bad with errors"
+if [ "$status" -ne 0 ]; then
+  echo "valgrind-e2e: the end-to-end tests failed under valgrind (status $status)" >&2
+  exit 1
+fi
+[ "$bad" -eq 0 ]
