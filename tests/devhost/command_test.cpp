@@ -8,76 +8,57 @@
 
 namespace {
 
-using devhost_test::DevhostTest;
+using Pairs = std::vector<std::pair<std::string, std::string> >;
 
 // Exposes the pairs that CheckParam groups.
 class CGroupingProbe : public CCommand {
  public:
-  std::vector<std::pair<std::string, std::string> > Pairs() const {
-    std::vector<std::pair<std::string, std::string> > vecPairs;
-    for (const CCommandParam& param : m_vecCommandParam) vecPairs.push_back({param.m_strOption, param.m_strValue});
-    return vecPairs;
+  Pairs Grouped() const {
+    Pairs pairs;
+    for (const CCommandParam& param : m_vecCommandParam) pairs.push_back({param.m_strOption, param.m_strValue});
+    return pairs;
   }
   std::string TemplateName() const { return m_strTemplateName; }
 };
 
-struct GroupingCase {
-  const char* name;
-  std::vector<std::string> vecWords;
-  bool bGrouped;
-  std::vector<std::pair<std::string, std::string> > vecPairs;
-};
-void PrintTo(const GroupingCase& c, std::ostream* os) { *os << c.name; }
-
-class WordGroupingTest : public ::testing::TestWithParam<GroupingCase> {};
-
-TEST_P(WordGroupingTest, GroupsOptionsWithTheirValues) {
-  const GroupingCase& c = GetParam();
+// One command groups every line in turn, so each must replace the last.
+TEST(CommandTest, GroupsOptionsWithTheirValuesReplacingTheLastLine) {
+  const struct {
+    const char* name;
+    std::vector<std::string> vecWords;
+    bool bGrouped;
+    Pairs pairs;
+  } cases[] = {
+      {"three pairs", {"-mp", "/data", "-setting", "on", "-threshold", "90"}, true,
+       {{"-mp", "/data"}, {"-setting", "on"}, {"-threshold", "90"}}},
+      {"options without values", {"-save", "-nochk"}, true, {{"-save", ""}, {"-nochk", ""}}},
+      {"no words", {}, true, {}},
+      {"a dash word is an option, not a value", {"-threshold", "-5"}, true, {{"-threshold", ""}, {"-5", ""}}},
+      {"value first", {"cur"}, false, {}},
+      {"two values after one option", {"-confirm", "cur", "edit"}, false, {}},
+      {"empty word first", {"", "-save"}, false, {}},
+  };
   CGroupingProbe command;
-  const int nResult = command.CheckParam(c.vecWords);
-  EXPECT_EQ(nResult == 0, c.bGrouped) << "result " << nResult;
-  EXPECT_EQ(command.Pairs(), c.vecPairs);
+  for (const auto& c : cases) {
+    EXPECT_EQ(command.CheckParam(c.vecWords) == 0, c.bGrouped) << c.name;
+    EXPECT_EQ(command.Grouped(), c.pairs) << c.name;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, WordGroupingTest,
-    ::testing::Values(
-        GroupingCase{"no words", {}, true, {}},
-        GroupingCase{"option and value", {"-confirm", "cur"}, true, {{"-confirm", "cur"}}},
-        GroupingCase{"options without values", {"-save", "-nochk"}, true, {{"-save", ""}, {"-nochk", ""}}},
-        GroupingCase{"three pairs",
-                     {"-mp", "/data", "-setting", "on", "-threshold", "90"},
-                     true,
-                     {{"-mp", "/data"}, {"-setting", "on"}, {"-threshold", "90"}}},
-        GroupingCase{"option after a value-less option", {"-discard", "-nochk"}, true, {{"-discard", ""}, {"-nochk", ""}}},
-        GroupingCase{"a dash word is an option, not a value", {"-threshold", "-5"}, true, {{"-threshold", ""}, {"-5", ""}}},
-        GroupingCase{"value first", {"cur"}, false, {}},
-        GroupingCase{"two values after one option", {"-confirm", "cur", "edit"}, false, {}},
-        GroupingCase{"empty word first", {"", "-save"}, false, {}}),
-    devhost_test::CaseName<GroupingCase>);
-
-TEST(WordGroupingAgainTest, ANewCommandLineReplacesTheOldPairs) {
-  CGroupingProbe command;
-  ASSERT_EQ(command.CheckParam({"-mp", "/data", "-setting", "on"}), 0);
-  ASSERT_EQ(command.CheckParam({"-save"}), 0);
-  EXPECT_EQ(command.Pairs(), (std::vector<std::pair<std::string, std::string> >{{"-save", ""}}));
-}
-
-TEST(CommandBaseTest, TakesItsTemplateNameFromTheCurrentCommand) {
+TEST(CommandTest, TakesItsTemplateNameFromTheCurrentCommand) {
   devhost::SetCurrentCommand("logger");
   CGroupingProbe command;
   devhost::SetCurrentCommand("");
   EXPECT_EQ(command.TemplateName(), "logger");
 }
 
-class CommandExecTest : public DevhostTest {};
+class CommandExecTest : public devhost_test::DevhostTest {};
 
 TEST_F(CommandExecTest, AppendsOneAuditLinePerCommandCreatingTheStateDirectory) {
   m_env.Set("KTL_STATE_DIR", Path("new/state"));
   CGroupingProbe command;
   ASSERT_EQ(command.Exec("logger -confirm cur"), 0);
   ASSERT_EQ(command.Exec("logger -mp /data\n-save"), 0);
-
   const std::string strSession = "session=" + std::to_string(getppid());
   const std::vector<std::string> vecLines = devhost_test::Lines(devhost_test::ReadFile(Path("new/state/audit.log")));
   ASSERT_EQ(vecLines.size(), 2u);
@@ -88,9 +69,8 @@ TEST_F(CommandExecTest, AppendsOneAuditLinePerCommandCreatingTheStateDirectory) 
 TEST_F(CommandExecTest, FailsWithAMessageWhenTheAuditLogCannotBeWritten) {
   devhost_test::WriteFile(Path("plain-file"), "");
   m_env.Set("KTL_STATE_DIR", Path("plain-file/state"));
-  CGroupingProbe command;
   ::testing::internal::CaptureStderr();
-  EXPECT_NE(command.Exec("logger -save"), 0);
+  EXPECT_NE(CGroupingProbe().Exec("logger -save"), 0);
   const std::string strError = ::testing::internal::GetCapturedStderr();
   EXPECT_NE(strError.find("audit"), std::string::npos) << strError;
   EXPECT_NE(strError.find(Path("plain-file")), std::string::npos) << strError;
