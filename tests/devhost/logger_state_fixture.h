@@ -29,11 +29,6 @@ class LoggerStateTest : public devhost_test::DevhostTest {
     devhost_test::WriteFile(strPath, strText);
   }
 
-  static bool Exists(const std::string& strPath) {
-    std::error_code error;
-    return std::filesystem::symlink_status(strPath, error).type() != std::filesystem::file_type::not_found;
-  }
-
   // The names in a directory, sorted.
   static std::vector<std::string> Names(const std::string& strDir) {
     std::vector<std::string> names;
