@@ -1,5 +1,5 @@
-// The value writers and the edit commands for syslog output, alert levels
-// and the usage monitors.
+// The edit commands for syslog output, alert levels and the usage monitors,
+// and through them the value writers EditOnOff and EditIntValue.
 #include <gtest/gtest.h>
 
 #include <set>
@@ -8,54 +8,8 @@
 
 namespace {
 
-const char kHold[] = "MSG_CLI_HOLD_PARAM|0|";
-const char kAppError[] = "MSG_CLI_ERROR_APPLICATION|4278190081|";
-const int kAppErrorResult = 7;
+const int kErr = 7;  // what show answers for the application error here
 
-void ScriptShowResults() {
-  // The hold message's answer is informational: never an operation's result.
-  scripted::script().mapShowResult = {{"MSG_CLI_ERROR_APPLICATION", kAppErrorResult}, {"MSG_CLI_HOLD_PARAM", 5}};
-}
-
-// EditIntValue and EditOnOff on their own.
-struct WriterCase {
-  const char* name;
-  bool bOnOff;  // EditOnOff, else EditIntValue
-  int nValue;   // the value, or m_nOnOff for EditOnOff
-  bool bShowHold, bWriteFails;
-  int nExpected;
-  std::string writes;
-  Lines shows;
-};
-KTL_CASE_FIXTURE(ValueWriterTest, WriterCase);
-
-TEST_P(ValueWriterTest, WritesTheEncodedValue) {
-  const WriterCase& c = GetParam();
-  ScriptShowResults();
-  if (c.bWriteFails) scripted::script().setFailWrite = {"SEC/Key"};
-  CLoggerConfigCmd cmd;
-  scripted::calls().clear();
-  cmd.m_nOnOff = c.nValue;
-  EXPECT_EQ(c.bOnOff ? cmd.EditOnOff("SEC", "Key", c.bShowHold) : cmd.EditIntValue("SEC", "Key", c.nValue), c.nExpected);
-  EXPECT_EQ(Writes(), Words(c.writes));
-  EXPECT_EQ(scripted::shows(), c.shows);
-  EXPECT_TRUE(scripted::traces().empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Writers, ValueWriterTest,
-    ::testing::Values(WriterCase{"int written in decimal", false, 90, false, false, 0, "SEC/Key=90", {}},
-                      WriterCase{"int other negative written", false, -2, false, false, 0, "SEC/Key=-2", {}},
-                      WriterCase{"int not given skipped", false, -1, false, true, 0, "", {}},
-                      WriterCase{"int write fails", false, 30, false, true, kAppErrorResult, "SEC/Key=30", {kAppError}},
-                      WriterCase{"on", true, 0x11, false, false, 0, "SEC/Key=0x11", {}},
-                      WriterCase{"off", true, 0x10, false, false, 0, "SEC/Key=0x10", {}},
-                      WriterCase{"anything else is off", true, -1, false, false, 0, "SEC/Key=0x10", {}},
-                      WriterCase{"on with hold message", true, 0x11, true, false, 0, "SEC/Key=0x11", {kHold}},
-                      WriterCase{"switch write fails, no hold", true, 0x11, true, true, kAppErrorResult, "SEC/Key=0x11", {kAppError}}),
-    CaseName<WriterCase>);
-
-// The edit commands, each form with each failing write.
 struct EditCase {
   const char* name;
   LoggerExecMethod method;
@@ -69,7 +23,8 @@ KTL_CASE_FIXTURE(EditCommandTest, EditCase);
 
 TEST_P(EditCommandTest, WritesOnlyWhatTheFormGives) {
   const EditCase& c = GetParam();
-  ScriptShowResults();
+  // The hold message's answer is informational: never an operation's result.
+  scripted::script().mapShowResult = {{"MSG_CLI_ERROR_APPLICATION", kErr}, {"MSG_CLI_HOLD_PARAM", 5}};
   scripted::script().setFailWrite = c.failWrites;
   CLoggerConfigCmd cmd;
   cmd.m_nAlertLevel = c.nAlertLevel;
@@ -94,19 +49,19 @@ TEST_P(EditCommandTest, WritesOnlyWhatTheFormGives) {
 const LoggerExecMethod kSyslog = &CLoggerConfigCmd::CmdSyslog;
 const LoggerExecMethod kAlert = &CLoggerConfigCmd::CmdAlert;
 const LoggerExecMethod kDevice = &CLoggerConfigCmd::CmdDevice;
-const int kErr = kAppErrorResult;
 
 INSTANTIATE_TEST_SUITE_P(
     Forms, EditCommandTest,
     ::testing::Values(
         EditCase{"syslog on", kSyslog, -1, -1, 0x11, -1, -1, -1, {}, 0, "Syslog/Output=0x11", {kHold}},
-        EditCase{"syslog write fails", kSyslog, -1, -1, 0x11, -1, -1, -1, {"Syslog/Output"}, kErr, "Syslog/Output=0x11", {kAppError}},
+        EditCase{"switch other than on is written off", kSyslog, -1, -1, -1, -1, -1, -1, {}, 0, "Syslog/Output=0x10", {kHold}},
+        EditCase{"syslog write fails, no hold", kSyslog, -1, -1, 0x11, -1, -1, -1, {"Syslog/Output"}, kErr, "Syslog/Output=0x11", {kAppError}},
         EditCase{"alert inf on", kAlert, 0, -1, 0x11, -1, -1, -1, {}, 0, "Syslog/Information=0x11", {kHold}},
         EditCase{"alert wrn off", kAlert, 1, -1, 0x10, -1, -1, -1, {}, 0, "Syslog/Warning=0x10", {kHold}},
         EditCase{"alert err on", kAlert, 2, -1, 0x11, -1, -1, -1, {}, 0, "Syslog/Error=0x11", {kHold}},
         EditCase{"alert write fails", kAlert, 1, -1, 0x10, -1, -1, -1, {"Syslog/Warning"}, kErr, "Syslog/Warning=0x10", {kAppError}},
-        EditCase{"cpu on with all values", kDevice, -1, 0, 0x11, 10, 3, 85, {}, 0,
-                 "CPU/Available=0x11 CPU/Interval=10 CPU/Count=3 CPU/Threshold=85", {kHold}},
+        EditCase{"cpu on with all values, in decimal", kDevice, -1, 0, 0x11, 10, -2, 85, {}, 0,
+                 "CPU/Available=0x11 CPU/Interval=10 CPU/Count=-2 CPU/Threshold=85", {kHold}},
         EditCase{"mem on without count", kDevice, -1, 1, 0x11, 30, -1, 80, {}, 0,
                  "MEMORY/Available=0x11 MEMORY/Interval=30 MEMORY/Threshold=80", {kHold}},
         EditCase{"disk never writes a threshold", kDevice, -1, 2, 0x11, 60, 5, 70, {}, 0,
@@ -114,7 +69,8 @@ INSTANTIATE_TEST_SUITE_P(
         EditCase{"cpu off leaves the values", kDevice, -1, 0, 0x10, 10, 3, 85, {}, 0, "CPU/Available=0x10", {kHold}},
         EditCase{"switch write fails, nothing else", kDevice, -1, 1, 0x11, 30, 4, 80, {"MEMORY/Available"}, kErr,
                  "MEMORY/Available=0x11", {kAppError}},
-        EditCase{"interval fails, the rest still written", kDevice, -1, 0, 0x11, 10, 3, 85, {"CPU/Interval"}, 0,
+        // A failed value write shows its error, the rest is still written, and the result stays the switch's.
+        EditCase{"interval fails", kDevice, -1, 0, 0x11, 10, 3, 85, {"CPU/Interval"}, 0,
                  "CPU/Available=0x11 CPU/Interval=10 CPU/Count=3 CPU/Threshold=85", {kAppError}},
         EditCase{"count fails", kDevice, -1, 2, 0x11, 60, 5, -1, {"FILESYS/Count"}, 0,
                  "FILESYS/Available=0x11 FILESYS/Interval=60 FILESYS/Count=5", {kAppError}},

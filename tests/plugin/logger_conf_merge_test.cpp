@@ -7,27 +7,25 @@
 
 namespace {
 
-class MergeTest : public PluginTest {};
+const std::string kConf = "1|void Velmora_LoggerConf::operator+=(Velmora_LoggerConf&) operator+=(";
 
 // The set predicate, applied to each syslog switch by itself: the other three
 // are set in the pending record and must survive.
-TEST_F(MergeTest, EachSyslogSwitchIsCompletedByItself) {
-  struct { int nPending, nCurrent, nExpected; } kCases[] = {
+TEST_F(PluginTest, MergeCompletesEachSyslogSwitchByItself) {
+  typedef Velmora_LoggerSyslogOutputConf S;
+  int S::*const kFields[] = {&S::nOutput, &S::nInformation, &S::nWarning, &S::nError};
+  const struct { int nPending, nCurrent, nExpected; } kCases[] = {
       {0x11, 0x10, 0x11}, {0x10, 0x11, 0x10}, {0, 0x11, 0x11}, {-1, 0x11, -1},
       {0x01, 0x11, 0x01}, {0x100, 0x11, 0x11}, {0x0E, 0x10, 0x10}};
   for (const auto& c : kCases) {
     for (int nField = 0; nField < 4; ++nField) {
       Velmora_LoggerConf pending, current;
-      int* pendingFields[] = {&pending.syslogOutput.nOutput, &pending.syslogOutput.nInformation,
-                              &pending.syslogOutput.nWarning, &pending.syslogOutput.nError};
-      int* currentFields[] = {&current.syslogOutput.nOutput, &current.syslogOutput.nInformation,
-                              &current.syslogOutput.nWarning, &current.syslogOutput.nError};
-      for (int i = 0; i < 4; ++i) *pendingFields[i] = 0x11, *currentFields[i] = 0x10;
-      *pendingFields[nField] = c.nPending;
-      *currentFields[nField] = c.nCurrent;
+      for (int i = 0; i < 4; ++i) pending.syslogOutput.*kFields[i] = 0x11, current.syslogOutput.*kFields[i] = 0x10;
+      pending.syslogOutput.*kFields[nField] = c.nPending;
+      current.syslogOutput.*kFields[nField] = c.nCurrent;
       pending += current;
       for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(*pendingFields[i], i == nField ? c.nExpected : 0x11) << c.nPending << ", field " << nField;
+        EXPECT_EQ(pending.syslogOutput.*kFields[i], i == nField ? c.nExpected : 0x11) << c.nPending << ", field " << nField;
     }
   }
 }
@@ -38,83 +36,66 @@ std::string Text(const Velmora_LoggerUsageMonitorConf& m) {
 }
 
 // A usage monitor is taken over as a unit, by cpu and by mem alike.
-struct MonitorCase {
-  const char* name;
-  Velmora_LoggerUsageMonitorConf pending, current, expected;
-  bool bMerged;  // whether the "(cpu)"/"(mem)" line is traced
-};
-KTL_CASE_FIXTURE(MonitorMergeTest, MonitorCase);
-
-TEST_P(MonitorMergeTest, MonitorIsTakenOverAsAUnit) {
-  const MonitorCase& c = GetParam();
-  for (const std::string strWhich : {"cpu", "mem"}) {
-    scripted::reset();
-    const bool bCpu = strWhich == "cpu";
-    Velmora_LoggerConf pending, current;
-    (bCpu ? pending.cpu : pending.mem) = c.pending;
-    (bCpu ? current.cpu : current.mem) = c.current;
-    // The other monitor is switched in the pending record and left alone.
-    (bCpu ? pending.mem : pending.cpu) = Monitor(0x10, 7, 8, 9);
-    (bCpu ? current.mem : current.cpu) = Monitor(0x11, 1, 2, 3);
-    pending += current;
-    EXPECT_EQ(Text(bCpu ? pending.cpu : pending.mem), Text(c.expected)) << strWhich;
-    EXPECT_EQ(Text(bCpu ? pending.mem : pending.cpu), "16:7:8:9") << "untouched monitor";
-    const std::string strLine = "1|void Velmora_LoggerConf::operator+=(Velmora_LoggerConf&) operator+=(" + strWhich + ")";
-    const auto vecTraces = scripted::traces();
-    EXPECT_EQ(std::count(vecTraces.begin(), vecTraces.end(), strLine), c.bMerged ? 1 : 0) << strWhich;
+TEST_F(PluginTest, MergeTakesAUsageMonitorOverAsAUnit) {
+  const struct {
+    const char* name;
+    Velmora_LoggerUsageMonitorConf pending, current, expected;
+    bool bMerged;  // whether the "(cpu)"/"(mem)" line is traced
+  } kCases[] = {
+      {"switched off keeps its -1", Monitor(0x10, -1, 5, 80), Monitor(0x11, 60, 6, 90), Monitor(0x10, -1, 5, 80), false},
+      {"switched on keeps everything", Monitor(0x11, 30, -1, 70), Monitor(0x10, 60, 6, 90), Monitor(0x11, 30, -1, 70), false},
+      {"unset takes current values", Monitor(0, 0, 0, 80), Monitor(0x11, 60, 6, 90), Monitor(0x11, 60, 6, 90), true},
+      {"current -1 keeps the pending value", Monitor(0, 15, 0, 80), Monitor(0x10, -1, 6, -1), Monitor(0x10, 15, 6, 80), true},
+      {"unset switch with current unset", Monitor(0, 1, 2, 3), Monitor(0, -1, -1, -1), Monitor(0, 1, 2, 3), true}};
+  for (const auto& c : kCases) {
+    for (const std::string strWhich : {"cpu", "mem"}) {
+      scripted::reset();
+      const bool bCpu = strWhich == "cpu";
+      Velmora_LoggerConf pending, current;
+      (bCpu ? pending.cpu : pending.mem) = c.pending;
+      (bCpu ? current.cpu : current.mem) = c.current;
+      // The other monitor is switched in the pending record and left alone.
+      (bCpu ? pending.mem : pending.cpu) = Monitor(0x10, 7, 8, 9);
+      (bCpu ? current.mem : current.cpu) = Monitor(0x11, 1, 2, 3);
+      pending += current;
+      EXPECT_EQ(Text(bCpu ? pending.cpu : pending.mem), Text(c.expected)) << c.name << ", " << strWhich;
+      EXPECT_EQ(Text(bCpu ? pending.mem : pending.cpu), "16:7:8:9") << c.name << ", " << strWhich;
+      const auto vecTraces = scripted::traces();
+      EXPECT_EQ(std::count(vecTraces.begin(), vecTraces.end(), kConf + strWhich + ")"), c.bMerged ? 1 : 0) << c.name;
+    }
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    UnitRule, MonitorMergeTest,
-    ::testing::Values(
-        MonitorCase{"switched off keeps its -1", Monitor(0x10, -1, 5, 80), Monitor(0x11, 60, 6, 90), Monitor(0x10, -1, 5, 80), false},
-        MonitorCase{"switched on keeps everything", Monitor(0x11, 30, -1, 70), Monitor(0x10, 60, 6, 90), Monitor(0x11, 30, -1, 70), false},
-        MonitorCase{"unset takes current values", Monitor(0, 0, 0, 80), Monitor(0x11, 60, 6, 90), Monitor(0x11, 60, 6, 90), true},
-        MonitorCase{"current -1 keeps the pending value", Monitor(0, 15, 0, 80), Monitor(0x10, -1, 6, -1), Monitor(0x10, 15, 6, 80), true},
-        MonitorCase{"unset switch with current unset", Monitor(0, 1, 2, 3), Monitor(0, -1, -1, -1), Monitor(0, 1, 2, 3), true}),
-    CaseName<MonitorCase>);
-
-// The disk monitor's list.
-struct ListCase {
-  const char* name;
-  int nPendingAvailable;
-  std::vector<Velmora_LoggerFsThresholdConf> pending, current;
-  Lines expected;  // Describe() of the result
-};
-KTL_CASE_FIXTURE(FsListMergeTest, ListCase);
-
-TEST_P(FsListMergeTest, ListIsRebuiltInTheCurrentOrder) {
-  const ListCase& c = GetParam();
-  Velmora_LoggerConf pending, current;
-  pending.fs.nAvailable = c.nPendingAvailable;
-  pending.fs.vecThreshold = c.pending;
-  current.fs.nAvailable = 0x11;
-  current.fs.vecThreshold = c.current;
-  pending += current;
-  EXPECT_EQ(Describe(pending.fs.vecThreshold), c.expected);
-  EXPECT_EQ(Describe(current.fs.vecThreshold), Describe(c.current)) << "other is unchanged";
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rebuild, FsListMergeTest,
-    ::testing::Values(
-        ListCase{"pending entry wins, current order", 0, {FsEntry(4, 70, 0x10, "/b")},
-                 {FsEntry(1, 80, 0x11, "/a"), FsEntry(2, 90, 0x11, "/b")}, {"/a:80:17:1", "/b:70:16:4"}},
-        ListCase{"pending-only entry is dropped", 0, {FsEntry(3, 60, 0x11, "/c"), FsEntry(1, 50, 0x11, "/a")},
-                 {FsEntry(1, 80, 0x11, "/a")}, {"/a:50:17:1"}},
-        ListCase{"empty current list empties the list", 0, {FsEntry(1, 50, 0x11, "/a")}, {}, {}},
-        ListCase{"paths compare exactly", 0, {FsEntry(5, 50, 0x11, "/data/"), FsEntry(6, 55, 0x11, "/DATA")},
-                 {FsEntry(1, 80, 0x11, "/data")}, {"/data:80:17:1"}},
-        ListCase{"duplicate current mount takes the first pending match twice", 0,
-                 {FsEntry(7, 41, 0x11, "/x"), FsEntry(8, 42, 0x11, "/x")},
-                 {FsEntry(1, 80, 0x11, "/x"), FsEntry(2, 85, 0x11, "/y"), FsEntry(3, 90, 0x11, "/x")},
-                 {"/x:41:17:7", "/y:85:17:2", "/x:41:17:7"}},
-        ListCase{"switched disk monitor keeps its own list", 0x11, {FsEntry(3, 60, 0x11, "/c")},
-                 {FsEntry(1, 80, 0x11, "/a")}, {"/c:60:17:3"}}),
-    CaseName<ListCase>);
-
-TEST_F(MergeTest, DiskMonitorScalarsFollowTheUsageMonitorRules) {
+// The disk monitor: its scalars follow the usage monitor's rules; its list is
+// rebuilt in the current order, and taken as a unit when switched.
+TEST_F(PluginTest, MergeRebuildsTheDiskMonitorInTheCurrentOrder) {
+  typedef std::vector<Velmora_LoggerFsThresholdConf> List;
+  const struct {
+    const char* name;
+    int nPendingAvailable;
+    List pending, current;
+    Lines expected;  // Describe() of the result
+  } kCases[] = {
+      {"pending entry wins, current order", 0, {FsEntry(4, 70, 0x10, "/b")}, {FsEntry(1, 80, 0x11, "/a"), FsEntry(2, 90, 0x11, "/b")},
+       {"/a:80:17:1", "/b:70:16:4"}},
+      {"pending-only entry is dropped", 0, {FsEntry(3, 60, 0x11, "/c"), FsEntry(1, 50, 0x11, "/a")}, {FsEntry(1, 80, 0x11, "/a")},
+       {"/a:50:17:1"}},
+      {"empty current list empties the list", 0, {FsEntry(1, 50, 0x11, "/a")}, {}, {}},
+      {"paths compare exactly", 0, {FsEntry(5, 50, 0x11, "/data/"), FsEntry(6, 55, 0x11, "/DATA")}, {FsEntry(1, 80, 0x11, "/data")},
+       {"/data:80:17:1"}},
+      {"duplicate current mount takes the first pending match twice", 0, {FsEntry(7, 41, 0x11, "/x"), FsEntry(8, 42, 0x11, "/x")},
+       {FsEntry(1, 80, 0x11, "/x"), FsEntry(2, 85, 0x11, "/y"), FsEntry(3, 90, 0x11, "/x")}, {"/x:41:17:7", "/y:85:17:2", "/x:41:17:7"}},
+      {"switched disk monitor keeps its own list", 0x11, {FsEntry(3, 60, 0x11, "/c")}, {FsEntry(1, 80, 0x11, "/a")}, {"/c:60:17:3"}}};
+  for (const auto& c : kCases) {
+    Velmora_LoggerConf pending, current;
+    pending.fs.nAvailable = c.nPendingAvailable;
+    pending.fs.vecThreshold = c.pending;
+    current.fs.nAvailable = 0x11;
+    current.fs.vecThreshold = c.current;
+    pending += current;
+    EXPECT_EQ(Describe(pending.fs.vecThreshold), c.expected) << c.name;
+    EXPECT_EQ(Describe(current.fs.vecThreshold), Describe(c.current)) << c.name << ": other is unchanged";
+  }
   Velmora_LoggerConf pending, current;
   pending.fs.nInterval = 30;
   pending.fs.nCount = 4;
@@ -125,10 +106,9 @@ TEST_F(MergeTest, DiskMonitorScalarsFollowTheUsageMonitorRules) {
   EXPECT_EQ(Text(Monitor(pending.fs.nAvailable, pending.fs.nInterval, pending.fs.nCount, 0)), "17:30:9:0");
 }
 
-TEST_F(MergeTest, TracesOneLinePairPerUnswitchedMonitor) {
+TEST_F(PluginTest, MergeTracesOneLinePairPerUnswitchedMonitor) {
   Velmora_LoggerConf pending, current;
   pending += current;
-  const std::string kConf = "1|void Velmora_LoggerConf::operator+=(Velmora_LoggerConf&) operator+=(";
   const std::string kUsage = "1|void Velmora_LoggerUsageMonitorConf::operator+=(Velmora_LoggerUsageMonitorConf&) operator+=()";
   EXPECT_EQ(scripted::traces(),
             (Lines{kConf + ")", "1|void Velmora_LoggerSyslogOutputConf::operator+=(Velmora_LoggerSyslogOutputConf&) operator+=()",

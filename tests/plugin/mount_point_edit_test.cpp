@@ -1,14 +1,124 @@
-// The mount-point list: isMultiplexDefinition and CmdMount.
+// The mount points: the mounted file-system check (isMounted and
+// CheckEffectiveFileSystem) and the list (isMultiplexDefinition and CmdMount).
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <set>
 
 #include "tests/plugin/plugin_test_support.h"
 
 namespace {
+const std::string kSigIsMounted = "bool CLoggerConfigCmd::isMounted(std::string)";
+const std::string kSigCheckEffective = "int CLoggerConfigCmd::CheckEffectiveFileSystem(Velmora_LoggerConf&)";
+const std::string kDataLine = "/dev/sdb1 on /data type ext3 (rw)\n";
 
-const char kHold[] = "MSG_CLI_HOLD_PARAM|0|";
-const char kAppError[] = "MSG_CLI_ERROR_APPLICATION|4278190081|";
+// A listing line of exactly nLength characters (line end not counted) with
+// no " type": its directory runs to the end.
+const std::string kLongHead = "/dev/sdz on ";
+std::string LineOfLength(size_t nLength) { return kLongHead + "/" + std::string(nLength - kLongHead.size() - 1, 'a'); }
+std::string DirectoryOfLength(size_t nLength) { return LineOfLength(nLength).substr(kLongHead.size()); }
+
+struct ListingCase {
+  const char* name;
+  std::string listing, mountPoint;
+  bool expected;
+  Lines seen;  // the directories traced, in order
+};
+KTL_CASE_FIXTURE(ListingTest, ListingCase);
+
+TEST_P(ListingTest, MatchesTheDirectoryOfALineExactly) {
+  const ListingCase& c = GetParam();
+  scripted::script().strMountListing = c.listing;
+  CLoggerConfigCmd cmd;
+  scripted::calls().clear();
+
+  EXPECT_EQ(cmd.isMounted(c.mountPoint), c.expected);
+  Lines vecExpected{"4|[ENTER] " + kSigIsMounted + " " + c.mountPoint};
+  for (const std::string& strSeen : c.seen) vecExpected.push_back("1|" + kSigIsMounted + " mount exp=" + c.mountPoint + ", res=" + strSeen);
+  vecExpected.push_back("4|[LEAVE] " + kSigIsMounted + ", rc=" + (c.expected ? "TRUE" : "FALSE"));
+  EXPECT_EQ(scripted::traces(), vecExpected);
+  EXPECT_EQ(scripted::callsOf("ExecSystemCmd").at(0).vecArgs, Lines{"/bin/mount"});
+  ASSERT_EQ(scripted::mountOutputPaths().size(), 1u);
+  EXPECT_NE(::access(scripted::mountOutputPaths()[0].c_str(), F_OK), 0) << "the output file is removed";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Listings, ListingTest,
+    ::testing::Values(
+        ListingCase{"exact directory", kDataLine, "/data", true, {"/data"}},
+        ListingCase{"prefix of the directory", kDataLine, "/dat", false, {"/data"}},
+        ListingCase{"no type runs to the line end", "/dev/sdb1 on /data\n", "/data", true, {"/data"}},
+        ListingCase{"no type keeps the rest", "/dev/sdb1 on /data (rw)\n", "/data", false, {"/data (rw)"}},
+        ListingCase{"type searched after on", "x type y on /data type ext4\n", "/data", true, {"/data"}},
+        ListingCase{"first on opens the directory", "a on b on /data type ext4\n", "/data", false, {"b on /data"}},
+        ListingCase{"lines without on are skipped", "none\n\nproc /proc proc\n/dev/sda1 on / type ext4 (rw)\n" + kDataLine, "/data",
+                    true, {"/", "/data"}},
+        ListingCase{"reading stops at the match", kDataLine + "/dev/sdc1 on /srv type xfs\n", "/data", true, {"/data"}},
+        // The last read reaches the end of the file: a final line without its line end is not examined.
+        ListingCase{"last line without line end", "/dev/sda1 on / type ext4\n/dev/sdb1 on /data type ext3", "/data", false, {"/"}},
+        ListingCase{"percent in the mount point", "/dev/sdb1 on /d%sx type ext3\n", "/d%sx", true, {"/d%sx"}},
+        // 1023 characters fit; the line after it is still read.
+        ListingCase{"line of 1023 characters", LineOfLength(1023) + "\n" + kDataLine, "/data", true, {DirectoryOfLength(1023), "/data"}},
+        // A longer line is examined cut to 1023 characters and ends the reading.
+        ListingCase{"line of 1024 characters ends the reading", LineOfLength(1024) + "\n" + kDataLine, "/data", false,
+                    {DirectoryOfLength(1023)}},
+        ListingCase{"directory cut at 1023 characters", LineOfLength(1500) + "\n", DirectoryOfLength(1023), true,
+                    {DirectoryOfLength(1023)}}),
+    CaseName<ListingCase>);
+
+TEST_F(PluginTest, AnUnreadableListingIsNotMountedWithoutALeaveLine) {
+  scripted::script().bMountFileUnreadable = true;
+  CLoggerConfigCmd cmd;
+  scripted::calls().clear();
+  EXPECT_FALSE(cmd.isMounted("/data"));
+  EXPECT_EQ(scripted::traces(), (Lines{"4|[ENTER] " + kSigIsMounted + " /data",
+                                       "2|" + kSigIsMounted + " Failed to open file (/nonexistent/scripted-host/mount-output)."}));
+}
+
+// CheckEffectiveFileSystem: a disk monitor that is on needs one mounted
+// entry that is switched on; every entry is checked, whatever its switch.
+TEST_F(PluginTest, CheckEffectiveFileSystemNeedsOneMountedSwitchedOnEntry) {
+  const struct {
+    const char* name;
+    int fsAvailable;
+    std::vector<Velmora_LoggerFsThresholdConf> entries;
+    bool unreadable;
+    int expected;
+    Lines checked;  // mount points given to isMounted, in order
+  } kCases[] = {
+      {"monitor off", 0x10, {FsEntry(1, 90, 0x11, "/data")}, false, 0, {}},
+      {"monitor on with no entries", 0x11, {}, false, 1, {}},
+      {"mounted entries all off", 0x11, {FsEntry(1, 90, 0x10, "/data"), FsEntry(2, 80, 0, "/srv")}, false, 1, {"/data", "/srv"}},
+      {"one mounted entry on", 0x11, {FsEntry(1, 90, 0x10, "/data"), FsEntry(2, 80, 0x11, "/srv"), FsEntry(3, 70, 0x11, "/gone")}, false,
+       0, {"/data", "/srv", "/gone"}},
+      {"on but not mounted does not count", 0x11, {FsEntry(1, 90, 0x11, "/gone"), FsEntry(2, 80, 0x11, "/data/")}, false, 1,
+       {"/gone", "/data/"}},
+      {"switch on by its low bits", 0x01, {FsEntry(1, 90, 0x01, "/data")}, false, 0, {"/data"}},
+      {"listing unreadable", 0x11, {FsEntry(1, 90, 0x11, "/data")}, true, 1, {"/data"}}};
+  for (const auto& c : kCases) {
+    scripted::reset();
+    scripted::script().strMountListing = "/dev/sda1 on / type ext4 (rw)\n" + kDataLine + "/dev/sdc1 on /srv type xfs (rw)\n";
+    scripted::script().bMountFileUnreadable = c.unreadable;
+    Velmora_LoggerConf conf;
+    conf.fs.nAvailable = c.fsAvailable;
+    conf.fs.vecThreshold = c.entries;
+    CLoggerConfigCmd cmd;
+    scripted::calls().clear();
+
+    EXPECT_EQ(cmd.CheckEffectiveFileSystem(conf), c.expected) << c.name;
+    Lines vecExpected{"4|[ENTER] " + kSigCheckEffective}, vecSeen;
+    for (const std::string& strMount : c.checked) vecExpected.push_back("4|[ENTER] " + kSigIsMounted + " " + strMount);
+    vecExpected.push_back("4|[LEAVE] " + kSigCheckEffective + ", rc=" + std::to_string(c.expected));
+    for (const std::string& strLine : scripted::traces())
+      if (strLine.find("[LEAVE] bool") == std::string::npos && strLine.rfind("4|", 0) == 0) vecSeen.push_back(strLine);
+    EXPECT_EQ(vecSeen, vecExpected) << c.name;
+    EXPECT_EQ(scripted::callsOf("ExecSystemCmd").size(), c.checked.size()) << c.name;
+  }
+}
+
+// ---- The mount-point list ----
+
+
 const char kNotMounted[] = "MSG_CLI_ERROR_LOGGER_MP|0|";
 const char kLeaveMount[] = "4|[LEAVE] int CLoggerConfigCmd::CmdMount()";
 const std::string kSigMultiplex = "bool CLoggerConfigCmd::isMultiplexDefinition(std::string, Velmora_LoggerFsThresholdConf&)";
@@ -72,9 +182,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "FSNAME-3/Available=0x10 FSNAME-3/Mount=/data", {kHold}},
         MountCase{"listed without a number gets a new one", "/data", 0x11, -1, {FsEntry(-1, 90, 0x11, "/data")}, "4", {}, 0,
                   "FILESYS/NumFileSys=5 FSNAME-5/Available=0x11 FSNAME-5/Mount=/data", {kHold}},
-        MountCase{"trailing slash is another mount point", "/data", 0x11, 90, {FsEntry(2, 60, 0x11, "/data/")}, "2", {}, 0, kNew3, {kHold}},
         MountCase{"not mounted writes nothing", "/srv", 0x11, 90, {}, "2", {}, 6, "", {kNotMounted}},
-        MountCase{"not mounted though listed", "/data/", 0x11, 90, {FsEntry(2, 90, 0x11, "/data/")}, "2", {}, 6, "", {kNotMounted}},
         MountCase{"count unreadable writes nothing", "/data", 0x11, 90, {}, nullptr, {}, 7, "", {kAppError}},
         // Failed writes are not examined: the entry is written as far as it goes.
         MountCase{"count write fails", "/data", 0x11, 90, {}, "2", {"FILESYS/NumFileSys"}, 0, kNew3, {kAppError, kHold}},
@@ -83,10 +191,8 @@ INSTANTIATE_TEST_SUITE_P(
         MountCase{"Mount write fails silently", "/data", 0x11, 90, kDataAt3, "3", {"FSNAME-3/Mount"}, 0, kRewrite3, {kHold}}),
     CaseName<MountCase>);
 
-class MountPointEditTest : public PluginTest {};
-
 // "NumFileSys" is read the way strtol reads decimal text.
-TEST_F(MountPointEditTest, NewEntryGetsTheNextNumber) {
+TEST_F(PluginTest, NewEntryGetsTheNextNumber) {
   for (const auto& c : std::vector<std::pair<std::string, std::string>>{{"", "1"}, {" \t+12", "13"}, {"9 entries", "10"}, {"- 5", "1"}}) {
     scripted::reset();
     ScriptList({}, c.first.c_str());
@@ -99,7 +205,7 @@ TEST_F(MountPointEditTest, NewEntryGetsTheNextNumber) {
   }
 }
 
-TEST_F(MountPointEditTest, FirstMatchIsCopiedWholeAndNoMatchLeavesTheEntryAlone) {
+TEST_F(PluginTest, FirstMatchIsCopiedWholeAndNoMatchLeavesTheEntryAlone) {
   ScriptList({FsEntry(4, 70, 0x10, "/DATA"), FsEntry(5, 75, 0x11, "/data"), FsEntry(6, 99, 0x10, "/data")}, "6");
   CLoggerConfigCmd cmd;
   Velmora_LoggerFsThresholdConf entry = FsEntry(0, 0, 0, "");
@@ -110,7 +216,7 @@ TEST_F(MountPointEditTest, FirstMatchIsCopiedWholeAndNoMatchLeavesTheEntryAlone)
   EXPECT_EQ(Describe({untouched}), Lines{"keep:1:2:8"});
 }
 
-TEST_F(MountPointEditTest, RewriteIsTracedWithTheMountPointLiterally) {
+TEST_F(PluginTest, RewriteIsTracedWithTheMountPointLiterally) {
   ScriptList({FsEntry(2, 50, 0x10, "/mnt/%d%s")}, "2");
   scripted::script().strMountListing = "/dev/sdb1 on /mnt/%d%s type ext3 (rw)\n";
   CLoggerConfigCmd cmd;

@@ -1,11 +1,10 @@
 // Shared set-up of the plug-in's tests: a fresh script for each test, an
-// empty operation selector, and helpers to build records.
+// empty operation selector, and helpers to build records and read calls.
 #ifndef KTL_TESTS_PLUGIN_TEST_SUPPORT_H
 #define KTL_TESTS_PLUGIN_TEST_SUPPORT_H
 
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -26,14 +25,17 @@ class PluginTest : public ::testing::Test {
 
 using ktl_test::CaseName;
 
-// Prints a case by its name in gtest's messages and test lists.
-#define KTL_PRINT_CASE_BY_NAME(Case) \
-  inline void PrintTo(const Case& c, std::ostream* os) { *os << c.name; }
-
 // A parameterised fixture over Case, whose cases print by their name.
-#define KTL_CASE_FIXTURE(Fixture, Case) \
-  KTL_PRINT_CASE_BY_NAME(Case)          \
+#define KTL_CASE_FIXTURE(Fixture, Case)                                         \
+  inline void PrintTo(const Case& c, std::ostream* os) { *os << c.name; }      \
   class Fixture : public PluginTest, public ::testing::WithParamInterface<Case> {}
+
+typedef std::vector<std::string> Lines;
+
+// The messages as scripted::shows() records them.
+const char kAppError[] = "MSG_CLI_ERROR_APPLICATION|4278190081|";
+const char kHold[] = "MSG_CLI_HOLD_PARAM|0|";
+const char kNotInstalled[] = "MSG_CLI_LOGGER_INSTALL|0|";
 
 inline Velmora_LoggerFsThresholdConf FsEntry(int nIndex, int nThreshold, int nAvailable, const std::string& strMount) {
   Velmora_LoggerFsThresholdConf entry;
@@ -53,16 +55,14 @@ inline Velmora_LoggerUsageMonitorConf Monitor(int nAvailable, int nInterval, int
   return monitor;
 }
 
-// The mount points of a list, in order, as "mount:threshold:available".
-inline std::vector<std::string> Describe(const std::vector<Velmora_LoggerFsThresholdConf>& vecEntries) {
-  std::vector<std::string> vecText;
+// The mount points of a list, in order, as "mount:threshold:available:index".
+inline Lines Describe(const std::vector<Velmora_LoggerFsThresholdConf>& vecEntries) {
+  Lines vecText;
   for (const auto& entry : vecEntries)
     vecText.push_back(entry.strMount + ":" + std::to_string(entry.nThreshold) + ":" +
                       std::to_string(entry.nAvailable) + ":" + std::to_string(entry.nIndex));
   return vecText;
 }
-
-typedef std::vector<std::string> Lines;
 
 // The blank-separated words of a text: command lines and compact expectations.
 inline Lines Words(const std::string& strText) {
