@@ -78,7 +78,8 @@ bool ReadOwner(const std::string& strOwnerFile, int& nSession) {
 }
 
 bool WriteOwner(const std::string& strOwnerFile, int nSession, std::string& strError) {
-  return WriteFileAtomically(strOwnerFile, std::to_string(nSession) + "\n", strError);
+  // Sessions end with a reboot, so the record need not survive one.
+  return WriteFileAtomically(strOwnerFile, std::to_string(nSession) + "\n", strError, Flush::kNone);
 }
 
 }  // namespace devhost

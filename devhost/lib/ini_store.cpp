@@ -115,7 +115,7 @@ IniRead ReadIniFile(const std::string& strPath, IniTree& tree, std::string& strE
   return ParseIniText(strContent, strPath, tree, strError) ? IniRead::kOk : IniRead::kError;
 }
 
-bool WriteIniFile(const std::string& strPath, const IniTree& tree, std::string& strError) {
+bool WriteIniFile(const std::string& strPath, const IniTree& tree, std::string& strError, Flush eFlush) {
   std::ostringstream text;
   try {
     boost::property_tree::write_ini(text, tree);
@@ -123,10 +123,11 @@ bool WriteIniFile(const std::string& strPath, const IniTree& tree, std::string& 
     strError = "cannot write " + strPath + ": " + e.what();
     return false;
   }
-  return WriteFileAtomically(strPath, text.str(), strError);
+  return WriteFileAtomically(strPath, text.str(), strError, eFlush);
 }
 
-bool WriteFileAtomically(const std::string& strPath, const std::string& strContent, std::string& strError) {
+bool WriteFileAtomically(const std::string& strPath, const std::string& strContent, std::string& strError,
+                         Flush eFlush) {
   std::string strTemplate = strPath + ".tmp.XXXXXX";
   std::vector<char> tempName(strTemplate.begin(), strTemplate.end());
   tempName.push_back('\0');
@@ -144,7 +145,7 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
     pszFailedStep = "cannot set the mode of the temporary file";
   } else if (!WriteAll(nFd, strContent)) {
     pszFailedStep = "cannot write the temporary file";
-  } else if (fsync(nFd) != 0) {
+  } else if (eFlush == Flush::kToDisk && fsync(nFd) != 0) {
     pszFailedStep = "cannot flush the temporary file";
   }
   if (pszFailedStep) nErrno = errno;
@@ -161,7 +162,7 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
     strError = "cannot replace " + strPath + ": " + pszFailedStep + ": " + ErrnoText(nErrno);
     return false;
   }
-  SyncDirectory(DirectoryOf(strPath));
+  if (eFlush == Flush::kToDisk) SyncDirectory(DirectoryOf(strPath));
   return true;
 }
 

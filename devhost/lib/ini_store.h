@@ -39,12 +39,24 @@ IniRead ReadIniFile(const std::string& strPath, IniTree& tree, std::string& strE
 IniRead ReadTextFile(const std::string& strPath, std::string& strContent, std::string& strError);
 bool ParseIniText(const std::string& strContent, const std::string& strPath, IniTree& tree, std::string& strError);
 
+// How far a replacement has gone when the write returns. Either way the file
+// is replaced by a rename, so readers, and a writer killed midway, see the old
+// or the new content, never a mix.
+enum class Flush {
+  kToDisk,  // content and rename are on disk: the change survives a power cut
+  kNone,    // left to the kernel: a power cut may lose the change (and, on file
+            // systems that do not order a replacing rename after its data,
+            // leave the file empty); for files no reboot needs
+};
+
 // Writes tree as INI text to strPath, atomically. False, with strError set,
 // when the file could not be replaced; the old file is then unchanged.
-bool WriteIniFile(const std::string& strPath, const IniTree& tree, std::string& strError);
+bool WriteIniFile(const std::string& strPath, const IniTree& tree, std::string& strError,
+                  Flush eFlush = Flush::kToDisk);
 
 // Replaces strPath by strContent, atomically, as above.
-bool WriteFileAtomically(const std::string& strPath, const std::string& strContent, std::string& strError);
+bool WriteFileAtomically(const std::string& strPath, const std::string& strContent, std::string& strError,
+                         Flush eFlush = Flush::kToDisk);
 
 // Removes strPath and flushes its directory. True also when the file did not
 // exist.

@@ -272,7 +272,9 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
     return false;
   }
   devhost::SetIniValue(tree, strSection, strKey, strValue);
-  if (!devhost::WriteIniFile(files.strPending, tree, strError)) {
+  // Pending edits are a working copy: an edit is not waited for on disk (the
+  // wait would be most of the command's time), only a save is.
+  if (!devhost::WriteIniFile(files.strPending, tree, strError, devhost::Flush::kNone)) {
     Report(strError);
     return false;
   }
