@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # One whole "logger -syslogoutput on" edit through ktl-cli, against the same
 # INI edit made by crudini and against /bin/true, measured in one hyperfine
-# run so that the ratios share the machine's load.
+# run so that the ratios share the machine's load. "ktl-cli --help" runs
+# beside them: the start of ktl-cli and the C++ runtime without any command,
+# the floor under every command.
 #   bench/whole_command.sh [BUILD_DIR]      (default: build-bench, a Release build)
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
@@ -31,7 +33,8 @@ cp "$KTL_DEFAULT_CONF" "$work/crudini.ini"
 hyperfine --shell=none --warmup 20 --min-runs 300 --export-json "$work/runs.json" \
   -n ktl-cli "$cli logger -syslogoutput on" \
   -n crudini "crudini --set $work/crudini.ini Syslog Output 0x11" \
-  -n true "/bin/true"
+  -n true "/bin/true" \
+  -n ktl-cli-start "$cli --help"
 
 python3 - "$work/runs.json" <<'PY'
 import json, sys
@@ -50,4 +53,8 @@ for name, of in measures.items():
     print(f"{name:9s} ktl-cli {cli*1e3:8.3f} ms  crudini {crudini*1e3:8.3f} ms  true {true*1e3:7.3f} ms"
           f"  ktl-cli/true {cli/true:6.2f} ({'met' if cli/true <= 4 else 'MISSED'}, <= 4)"
           f"  crudini/ktl-cli {crudini/cli:6.2f} ({'met' if crudini/cli >= 10 else 'MISSED'}, >= 10)")
+start, true = runs["ktl-cli-start"], runs["true"]
+print(f"ktl-cli --help alone: median {start['median']*1e3:.3f} ms = {start['median']/true['median']:.2f} x true;"
+      f" user+sys {(start['user']+start['system'])*1e3:.3f} ms = "
+      f"{(start['user']+start['system'])/(true['user']+true['system']):.2f} x true")
 PY
