@@ -15,26 +15,14 @@
 #include "host/command.h"
 #include "plugin/logger_config_cmd.h"
 #include "tests/scripted_host/scripted_host.h"
+#include "tests/support/records.h"
 
 extern "C" CCommand* GetCommandFactorylogger();
 
 namespace {
 
-Velmora_LoggerFsThresholdConf FsEntry(int nIndex, int nThreshold, int nAvailable, const std::string& strMount) {
-  Velmora_LoggerFsThresholdConf entry;
-  entry.nIndex = nIndex;
-  entry.nThreshold = nThreshold;
-  entry.nAvailable = nAvailable;
-  entry.strMount = strMount;
-  return entry;
-}
-
-void SetMonitor(Velmora_LoggerUsageMonitorConf& monitor, int nAvailable, int nInterval, int nCount, int nThreshold) {
-  monitor.nAvailable = nAvailable;
-  monitor.nInterval = nInterval;
-  monitor.nCount = nCount;
-  monitor.nThreshold = nThreshold;
-}
+using ktl_test::FsEntry;
+using ktl_test::Monitor;
 
 void ScriptHost() {
   scripted::reset();
@@ -56,8 +44,8 @@ void ScriptHost() {
   }
   s.effective.syslogOutput.nOutput = 0x11;
   s.effective.syslogOutput.nWarning = 0x11;
-  SetMonitor(s.effective.cpu, 0x11, 60, 3, 80);
-  SetMonitor(s.effective.mem, 0x10, -1, -1, -1);
+  s.effective.cpu = Monitor(0x11, 60, 3, 80);
+  s.effective.mem = Monitor(0x10, -1, -1, -1);
   s.effective.fs.nAvailable = 0x11;
   s.effective.fs.nInterval = 300;
   s.effective.fs.nCount = 2;
@@ -65,8 +53,8 @@ void ScriptHost() {
 
   s.bReadConfFileResult = true;
   s.pending.syslogOutput.nError = 0x10;
-  SetMonitor(s.pending.cpu, 0x11, 10, 2, 70);
-  SetMonitor(s.pending.mem, 0x11, 30, -1, 60);
+  s.pending.cpu = Monitor(0x11, 10, 2, 70);
+  s.pending.mem = Monitor(0x11, 30, -1, 60);
   s.pending.fs.nAvailable = 0x11;
   s.pending.fs.vecThreshold = {FsEntry(3, 70, 0x11, "/srv/log"), FsEntry(4, 50, 0x10, "/gone")};
 }

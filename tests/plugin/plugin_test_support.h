@@ -13,6 +13,7 @@
 #include "plugin/logger_config_cmd.h"
 #include "tests/scripted_host/scripted_host.h"
 #include "tests/support/case_name.h"
+#include "tests/support/records.h"
 
 class PluginTest : public ::testing::Test {
  protected:
@@ -37,23 +38,8 @@ const char kAppError[] = "MSG_CLI_ERROR_APPLICATION|4278190081|";
 const char kHold[] = "MSG_CLI_HOLD_PARAM|0|";
 const char kNotInstalled[] = "MSG_CLI_LOGGER_INSTALL|0|";
 
-inline Velmora_LoggerFsThresholdConf FsEntry(int nIndex, int nThreshold, int nAvailable, const std::string& strMount) {
-  Velmora_LoggerFsThresholdConf entry;
-  entry.nIndex = nIndex;
-  entry.nThreshold = nThreshold;
-  entry.nAvailable = nAvailable;
-  entry.strMount = strMount;
-  return entry;
-}
-
-inline Velmora_LoggerUsageMonitorConf Monitor(int nAvailable, int nInterval, int nCount, int nThreshold) {
-  Velmora_LoggerUsageMonitorConf monitor;
-  monitor.nAvailable = nAvailable;
-  monitor.nInterval = nInterval;
-  monitor.nCount = nCount;
-  monitor.nThreshold = nThreshold;
-  return monitor;
-}
+using ktl_test::FsEntry;
+using ktl_test::Monitor;
 
 // The mount points of a list, in order, as "mount:threshold:available:index".
 inline Lines Describe(const std::vector<Velmora_LoggerFsThresholdConf>& vecEntries) {
