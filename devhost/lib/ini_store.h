@@ -44,9 +44,9 @@ bool ParseIniText(const std::string& strContent, const std::string& strPath, Ini
 // or the new content, never a mix.
 enum class Flush {
   kToDisk,  // content and rename are on disk: the change survives a power cut
-  kNone,    // left to the kernel: a power cut may lose the change (and, on file
-            // systems that do not order a replacing rename after its data,
-            // leave the file empty); for files no reboot needs
+  kNone,    // left to the kernel: a power cut may lose the latest changes
+            // (and, on file systems that do not order a replacing rename after
+            // its data, leave the file empty); for working copies
 };
 
 // Writes tree as INI text to strPath, atomically. False, with strError set,
