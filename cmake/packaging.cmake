@@ -13,7 +13,6 @@
 
 set(KTL_APPLIANCE_CLI_DIR "/opt/velmora/ktl/cli")
 set(KTL_INSTALL_PLUGIN_DIR "${KTL_APPLIANCE_CLI_DIR}/plugins")
-set(KTL_INSTALL_LIB_DIR "lib/ktl-cli")
 set(KTL_INSTALL_DATA_DIR "share/ktl-cli")
 
 # ---- ktl-cli-logger ----
@@ -23,12 +22,12 @@ install(FILES "${PROJECT_SOURCE_DIR}/packaging/LoggerParams.ini"
 
 # ---- ktl-cli-host ----
 install(TARGETS ktl-cli RUNTIME DESTINATION bin COMPONENT host)
-install(TARGETS ktl_host LIBRARY DESTINATION "${KTL_INSTALL_LIB_DIR}" COMPONENT host)
+install(TARGETS ktl_host LIBRARY DESTINATION "${KTL_HOST_LIB_DIR}" COMPONENT host)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/devhost/templates" "${PROJECT_SOURCE_DIR}/devhost/catalogue"
                   "${PROJECT_SOURCE_DIR}/devhost/default"
         DESTINATION "${KTL_INSTALL_DATA_DIR}" COMPONENT host)
-# libktl_host.so is private to ktl-cli, so it is found through the RPATH.
-set_target_properties(ktl-cli PROPERTIES INSTALL_RPATH "\$ORIGIN/../${KTL_INSTALL_LIB_DIR}")
+# libktl_host.so is private to ktl-cli, found through its RPATH
+# (devhost/CMakeLists.txt), the same in the build tree and when installed.
 
 # An installed ktl-cli built without the installed paths would look for its
 # data in this checkout; say so at configure time rather than at run time.

@@ -30,7 +30,7 @@ abidw_opts=(--no-corpus-path --no-comp-dir-path --short-locs --drop-private-type
 current=$build_dir/abi
 mkdir -p "$current"
 status=0
-for entry in "plugins/libktl_cli-logger.so:libktl_cli-logger" "devhost/libktl_host.so:libktl_host"; do
+for entry in "plugins/libktl_cli-logger.so:libktl_cli-logger" "lib/ktl-cli/libktl_host.so:libktl_host"; do
   lib=$build_dir/${entry%%:*}
   name=${entry##*:}
   abidw "${abidw_opts[@]}" --out-file "$current/$name.abi" "$lib"
