@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -60,8 +61,13 @@ bool isProcessAlive(int nProcessId) {
   return kill(nProcessId, 0) == 0 || errno == EPERM;
 }
 
+bool hasPendingEdits(const std::string& strPendingFile) {
+  struct stat st;
+  return stat(strPendingFile.c_str(), &st) == 0 && st.st_size > 0;
+}
+
 PendingOwner WhoOwnsPending(const std::string& strPendingFile, const std::string& strOwnerFile, int nSession) {
-  if (!isPresent(strPendingFile)) return PendingOwner::kNone;
+  if (!hasPendingEdits(strPendingFile)) return PendingOwner::kNone;
   int nOwner = 0;
   if (!ReadOwner(strOwnerFile, nOwner)) return PendingOwner::kAbandoned;
   if (nOwner == nSession) return PendingOwner::kSession;

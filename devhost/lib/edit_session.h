@@ -49,6 +49,11 @@ enum class PendingOwner {
   kOther,      // another session, still alive, owns them
 };
 
+// True when strPendingFile holds pending edits. An empty file counts as
+// none: a pending configuration is never written empty, and an empty one is
+// what a power cut can leave of an edit that had not reached the disk.
+bool hasPendingEdits(const std::string& strPendingFile);
+
 // Who holds the pending edits, as seen by session nSession.
 PendingOwner WhoOwnsPending(const std::string& strPendingFile, const std::string& strOwnerFile, int nSession);
 

@@ -6,6 +6,7 @@
 
 #include <boost/property_tree/ini_parser.hpp>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <iostream>
 #include <sstream>
@@ -61,6 +62,26 @@ void SyncDirectory(const std::string& strDir) {
     std::cerr << "warning: cannot flush directory " << strDir << ": " << ErrnoText(errno) << '\n';
   }
   if (nFd >= 0) close(nFd);
+}
+
+// Puts strTemp in strPath's place; false with errno set on failure.
+//
+// A rename over an existing file makes ext4 allocate the new file's blocks
+// first, so that a power cut cannot leave the file empty; that costs a
+// journal wait of about a millisecond, more than the rest of an edit. A
+// replacement that is not flushed anyway (Flush::kNone) swaps the two names
+// instead, which ext4 does not wait for, and sets bTempHoldsOld: strTemp then
+// names the old content, for the caller to remove. File systems without the
+// swap, and a target that is not an existing regular file (a directory must
+// stay where it is), get the plain rename.
+bool Replace(const std::string& strTemp, const std::string& strPath, Flush eFlush, bool& bTempHoldsOld) {
+  struct stat st;
+  if (eFlush == Flush::kNone && lstat(strPath.c_str(), &st) == 0 && S_ISREG(st.st_mode) &&
+      renameat2(AT_FDCWD, strTemp.c_str(), AT_FDCWD, strPath.c_str(), RENAME_EXCHANGE) == 0) {
+    bTempHoldsOld = true;
+    return true;
+  }
+  return rename(strTemp.c_str(), strPath.c_str()) == 0;
 }
 
 }  // namespace
@@ -153,12 +174,13 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
     pszFailedStep = "cannot close the temporary file";
     nErrno = errno;
   }
-  if (!pszFailedStep && rename(strTemp.c_str(), strPath.c_str()) != 0) {
+  bool bTempHoldsOld = false;
+  if (!pszFailedStep && !Replace(strTemp, strPath, eFlush, bTempHoldsOld)) {
     pszFailedStep = "cannot rename the temporary file over it";
     nErrno = errno;
   }
+  if (pszFailedStep || bTempHoldsOld) unlink(strTemp.c_str());
   if (pszFailedStep) {
-    unlink(strTemp.c_str());
     strError = "cannot replace " + strPath + ": " + pszFailedStep + ": " + ErrnoText(nErrno);
     return false;
   }

@@ -45,8 +45,9 @@ bool ParseIniText(const std::string& strContent, const std::string& strPath, Ini
 enum class Flush {
   kToDisk,  // content and rename are on disk: the change survives a power cut
   kNone,    // left to the kernel: a power cut may lose the latest changes
-            // (and, on file systems that do not order a replacing rename after
-            // its data, leave the file empty); for working copies
+            // or leave the file empty (the content may not be on disk when
+            // the rename is); for working copies, whose readers take an empty
+            // file for none
 };
 
 // Writes tree as INI text to strPath, atomically. False, with strError set,

@@ -186,7 +186,7 @@ int CToolServiceLoggerAcc::GetParameter(Velmora_LoggerConf& conf) {
 bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
   const CStateFiles files;
   // No pending edits is an ordinary answer, not a failure worth explaining.
-  if (!devhost::isPresent(files.strPending)) return false;
+  if (!devhost::hasPendingEdits(files.strPending)) return false;
   return ReadConf(files.strPending, conf);
 }
 
@@ -230,7 +230,7 @@ bool CToolServiceLoggerAcc::GetString(std::string strSection, std::string strKey
   if (OpenState(files, lock, true) != kStatusOk) return false;
   // The pending configuration starts as a copy of the one in effect, so
   // until the first edit creates it, the one in effect answers for it.
-  const std::string& strPath = devhost::isPresent(files.strPending) ? files.strPending : files.strEffective;
+  const std::string& strPath = devhost::hasPendingEdits(files.strPending) ? files.strPending : files.strEffective;
   devhost::IniTree tree;
   if (!ReadTree(strPath, tree)) return false;
   const std::string* pValue = devhost::FindIniValue(tree, strSection, strKey);

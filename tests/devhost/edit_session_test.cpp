@@ -14,28 +14,31 @@ TEST_F(EditSessionTest, WhoOwnsThePendingEdits) {
   const std::string strSelf = std::to_string(nSession) + "\n";
   const std::string strParent = std::to_string(getppid()) + "\n";
   const std::string strEnded = std::to_string(EndedProcessId()) + "\n";
+  const char kText[] = "[Syslog]\n";
   const struct {
     const char* name;
-    bool bPending;
+    const char* pending;  // content of the pending file; nullptr = no file
     const char* owner;  // content of the owner file; nullptr = no file
     PendingOwner expected;
   } cases[] = {
-      {"no pending edits, stale owner", false, strParent.c_str(), PendingOwner::kNone},
-      {"own edits", true, strSelf.c_str(), PendingOwner::kSession},
-      {"edits of the live parent", true, strParent.c_str(), PendingOwner::kOther},
-      {"edits of init", true, "1", PendingOwner::kOther},
-      {"edits of an ended process", true, strEnded.c_str(), PendingOwner::kAbandoned},
-      {"edits without owner", true, nullptr, PendingOwner::kAbandoned},
-      {"owner file with garbage", true, "12 34\n", PendingOwner::kAbandoned},
-      {"owner 0, the process group", true, "0\n", PendingOwner::kAbandoned},
-      {"owner -1, every process", true, "-1\n", PendingOwner::kAbandoned},
+      {"no pending edits, stale owner", nullptr, strParent.c_str(), PendingOwner::kNone},
+      // What a power cut can leave of an edit that had not reached the disk.
+      {"empty pending file", "", strParent.c_str(), PendingOwner::kNone},
+      {"own edits", kText, strSelf.c_str(), PendingOwner::kSession},
+      {"edits of the live parent", kText, strParent.c_str(), PendingOwner::kOther},
+      {"edits of init", kText, "1", PendingOwner::kOther},
+      {"edits of an ended process", kText, strEnded.c_str(), PendingOwner::kAbandoned},
+      {"edits without owner", kText, nullptr, PendingOwner::kAbandoned},
+      {"owner file with garbage", kText, "12 34\n", PendingOwner::kAbandoned},
+      {"owner 0, the process group", kText, "0\n", PendingOwner::kAbandoned},
+      {"owner -1, every process", kText, "-1\n", PendingOwner::kAbandoned},
   };
   const std::string strPending = Path("pending.ini");
   const std::string strOwner = Path("pending.owner");
   for (const auto& c : cases) {
     std::filesystem::remove(strPending);
     std::filesystem::remove(strOwner);
-    if (c.bPending) WriteText(strPending, "[Syslog]\n");
+    if (c.pending) WriteText(strPending, c.pending);
     if (c.owner) WriteText(strOwner, c.owner);
     EXPECT_EQ(devhost::WhoOwnsPending(strPending, strOwner, nSession), c.expected) << c.name;
   }

@@ -62,16 +62,41 @@ TEST_F(IniStoreTest, OnlyEntriesThatReadBackUnchangedAreStorable) {
   }
 }
 
+TEST_F(IniStoreTest, ReplacementLeavesOnlyTheNewFile) {
+  const struct {
+    devhost::Flush eFlush;
+    bool bTargetExists;
+  } cases[] = {
+      {devhost::Flush::kToDisk, false},
+      {devhost::Flush::kToDisk, true},
+      {devhost::Flush::kNone, false},
+      {devhost::Flush::kNone, true},  // the two names are swapped, the old content removed
+  };
+  for (const auto& c : cases) {
+    std::filesystem::remove_all(m_strStateDir);
+    std::filesystem::create_directories(m_strStateDir);
+    const std::string strPath = StateFile("conf.ini");
+    if (c.bTargetExists) WriteText(strPath, "[CPU]\nInterval=60\n");
+    std::string strError;
+    ASSERT_TRUE(devhost::WriteFileAtomically(strPath, "[CPU]\nInterval=30\n", strError, c.eFlush)) << strError;
+    EXPECT_EQ(ReadFile(strPath), "[CPU]\nInterval=30\n");
+    EXPECT_EQ(std::filesystem::status(strPath).permissions(), std::filesystem::perms(0644));
+    EXPECT_EQ(Names(m_strStateDir), std::vector<std::string>{"conf.ini"});
+  }
+}
+
 TEST_F(IniStoreTest, FailedReplacementLeavesTheOldFileAndNoTemporaryFile) {
   const std::string strOld = "; kept as it is\n[CPU]\nInterval=60\n";
   const struct {
     const char* name;
     bool bTargetIsDirectory;  // a directory that is not empty cannot be renamed over
     rlim_t nSizeLimit;        // 0 = none
+    devhost::Flush eFlush;
     const char* expected;
   } cases[] = {
-      {"write fails", false, 8, "cannot write the temporary file"},
-      {"rename fails", true, 0, "cannot rename the temporary file"},
+      {"write fails", false, 8, devhost::Flush::kToDisk, "cannot write the temporary file"},
+      {"rename fails", true, 0, devhost::Flush::kToDisk, "cannot rename the temporary file"},
+      {"unflushed, rename fails", true, 0, devhost::Flush::kNone, "cannot rename the temporary file"},
   };
   for (const auto& c : cases) {
     std::filesystem::remove_all(m_strStateDir);
@@ -81,7 +106,7 @@ TEST_F(IniStoreTest, FailedReplacementLeavesTheOldFileAndNoTemporaryFile) {
     std::string strError;
     {
       std::unique_ptr<CFileSizeLimit> limit(c.nSizeLimit ? new CFileSizeLimit(c.nSizeLimit) : nullptr);
-      EXPECT_FALSE(devhost::WriteFileAtomically(strPath, std::string(4096, 'x'), strError)) << c.name;
+      EXPECT_FALSE(devhost::WriteFileAtomically(strPath, std::string(4096, 'x'), strError, c.eFlush)) << c.name;
     }
     EXPECT_NE(strError.find("cannot replace " + strPath + ": " + c.expected), std::string::npos) << strError;
     EXPECT_EQ(ReadFile(strOldFile), strOld) << c.name;

@@ -96,24 +96,29 @@ TEST_F(ToolServiceTest, PendingConfigurationIsCopiedOnFirstWrite) {
 }
 
 TEST_F(ToolServiceTest, PendingEditsBelongToOneLiveSession) {
+  const std::string strPendingText = "[CPU]\nInterval=45\n";
   const struct {
     const char* name;
-    int nOwner;  // -1 = no pending edits
+    const char* pending;  // content of the pending file; nullptr = none
+    int nOwner;           // 0 = no owner file
     int nInitWrite;
     bool bMayEdit;
+    bool bStartsFromEffective;  // the edit copies the configuration in effect
   } cases[] = {
-      {"nothing pending", -1, 0, true},
-      {"own edits", m_nSelf, 0, true},
-      {"edits of the live parent", static_cast<int>(getppid()), -1, false},
-      {"edits of an ended process", EndedProcessId(), 0, true},
+      {"nothing pending", nullptr, 0, 0, true, true},
+      {"own edits", strPendingText.c_str(), m_nSelf, 0, true, false},
+      {"edits of the live parent", strPendingText.c_str(), static_cast<int>(getppid()), -1, false, false},
+      {"edits of an ended process", strPendingText.c_str(), EndedProcessId(), 0, true, false},
+      // What a power cut can leave of an edit that had not reached the disk.
+      {"empty pending file of the live parent", "", static_cast<int>(getppid()), 0, true, true},
   };
-  const std::string strPendingText = "[CPU]\nInterval=45\n";
   for (const auto& c : cases) {
     Install();
-    if (c.nOwner >= 0) WriteText(Pending(), strPendingText);
+    if (c.pending) WriteText(Pending(), c.pending);
     if (c.nOwner > 0) WriteText(Owner(), std::to_string(c.nOwner) + "\n");
     CToolServiceLoggerAcc acc;
-    EXPECT_EQ(acc.CheckProcessId(m_nSelf), c.nOwner == -1 || c.nOwner == m_nSelf) << c.name;
+    const bool bFree = !c.pending || !*c.pending || c.nOwner == m_nSelf;
+    EXPECT_EQ(acc.CheckProcessId(m_nSelf), bFree) << c.name;
     EXPECT_EQ(acc.initWrite(m_nSelf), c.nInitWrite) << c.name;
     EXPECT_EQ(acc.CheckProcessId(m_nSelf), c.bMayEdit) << c.name;
     CaptureStderr();
@@ -123,6 +128,10 @@ TEST_F(ToolServiceTest, PendingEditsBelongToOneLiveSession) {
     if (!c.bMayEdit) {
       EXPECT_EQ(ReadFile(Pending()), strPendingText) << c.name;
     }
+    std::string strValue;
+    CaptureStderr();
+    EXPECT_EQ(acc.GetString("MEMORY", "Interval", strValue), c.bStartsFromEffective) << c.name;
+    GetCapturedStderr();
   }
 }
 
