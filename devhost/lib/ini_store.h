@@ -5,10 +5,11 @@
 // their exact name (a name may contain "."; it is never split into a path).
 //
 // Every write replaces the whole file atomically: the new text goes to a
-// temporary file in the target's directory, which is flushed and renamed
-// over the target, and the directory is flushed. A reader thus sees the old
-// file or the new one, never a torn one, and a failed write leaves the old
-// file as it was and no temporary file behind.
+// temporary file in the target's directory, which then takes the target's
+// name by a rename (flushed first, with its directory after, unless the
+// write asks for no flush; see Flush). A reader thus sees the old file or the
+// new one, never a torn one, and a failed write leaves the old file as it was
+// and no temporary file behind.
 //
 // No function throws; failures come back as a result and a message that
 // names the file (and the line, for a malformed file).
