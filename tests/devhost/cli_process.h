@@ -1,7 +1,7 @@
 // Runs ktl-cli as a separate process with the test process's environment,
-// a given standard input, and its output captured. With bOtherSession the
-// command runs under a shell that stays alive while it runs, so that its
-// session (the parent process) differs from the test process's.
+// and the fixture of the "logger" command run that way. With bOtherSession the command runs under a shell that stays alive while
+// it runs, so that its session (the parent process) differs from the test
+// process's.
 //
 // KTL_CLI_WRAPPER, when set, holds a command line (words separated by
 // spaces, the first one a path) put in front of ktl-cli, e.g. a memory
@@ -11,6 +11,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -25,44 +26,31 @@ extern char** environ;
 
 namespace devhost_test {
 
-// The words of KTL_CLI_WRAPPER; none when it is unset.
-inline std::vector<std::string> CliWrapperWords() {
-  std::vector<std::string> vecWords;
-  if (const char* pszWrapper = std::getenv("KTL_CLI_WRAPPER")) {
-    std::istringstream in(pszWrapper);
-    for (std::string strWord; in >> strWord;) vecWords.push_back(strWord);
-  }
-  return vecWords;
-}
-
-// Where a started ktl-cli reads from and writes to.
-struct CliFiles {
-  std::string strIn = "/dev/null";
-  std::string strOut = "/dev/null";
-  std::string strErr = "/dev/null";
-};
-
-// Starts ktl-cli with the words; the caller waits for it. -1 when it could
-// not be started.
-inline pid_t SpawnCli(const std::vector<std::string>& vecWords, const CliFiles& files = CliFiles(),
+// Starts ktl-cli with the words; the caller waits for it. Standard input,
+// output and error are strFiles + ".in", ".out" and ".err", or /dev/null
+// when strFiles is empty. -1 when it could not be started.
+inline pid_t SpawnCli(const std::vector<std::string>& vecWords, const std::string& strFiles = "",
                       bool bOtherSession = false) {
   std::vector<std::string> vecArgs;
   if (bOtherSession) vecArgs = {"/bin/sh", "-c", "\"$0\" \"$@\"; exit $?"};
-  const std::vector<std::string> vecWrapper = CliWrapperWords();
-  vecArgs.insert(vecArgs.end(), vecWrapper.begin(), vecWrapper.end());
+  if (const char* pszWrapper = std::getenv("KTL_CLI_WRAPPER")) {
+    std::istringstream in(pszWrapper);
+    for (std::string strWord; in >> strWord;) vecArgs.push_back(strWord);
+  }
   vecArgs.push_back(KTL_CLI_PATH);
   vecArgs.insert(vecArgs.end(), vecWords.begin(), vecWords.end());
   std::vector<char*> argv;
   for (std::string& strArg : vecArgs) argv.push_back(&strArg[0]);
   argv.push_back(nullptr);
 
+  const std::string strIn = strFiles.empty() ? "/dev/null" : strFiles + ".in";
+  const std::string strOut = strFiles.empty() ? "/dev/null" : strFiles + ".out";
+  const std::string strErr = strFiles.empty() ? "/dev/null" : strFiles + ".err";
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, files.strIn.c_str(), O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, files.strOut.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
-                                   0600);
-  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, files.strErr.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
-                                   0600);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, strIn.c_str(), O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, strOut.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, strErr.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   pid_t pid = -1;
   const int nSpawn = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
@@ -87,18 +75,55 @@ struct CliRun {
 // standard input and output.
 inline CliRun RunCli(const std::vector<std::string>& vecWords, const std::string& strScratchDir,
                      const std::string& strStdin = "", bool bOtherSession = false) {
-  CliFiles files;
-  files.strIn = strScratchDir + "/cli.in";
-  files.strOut = strScratchDir + "/cli.out";
-  files.strErr = strScratchDir + "/cli.err";
-  WriteFile(files.strIn, strStdin);
+  const std::string strFiles = strScratchDir + "/cli";
+  WriteFile(strFiles + ".in", strStdin);
   CliRun run;
-  run.nExitStatus = WaitExit(SpawnCli(vecWords, files, bOtherSession));
-  run.strOut = ReadFile(files.strOut);
-  run.strErr = ReadFile(files.strErr);
+  run.nExitStatus = WaitExit(SpawnCli(vecWords, strFiles, bOtherSession));
+  run.strOut = ReadFile(strFiles + ".out");
+  run.strErr = ReadFile(strFiles + ".err");
   return run;
 }
 
 }  // namespace devhost_test
+
+// The "logger" command run through ktl-cli against a temporary state
+// directory, with the real plug-in, catalogue, templates and default
+// configuration. The mount listing comes from a script that lists /data,
+// /backup and /m1 to /m9, so the tests do not depend on the machine.
+class LoggerCliTest : public devhost_test::DevhostTest {
+ protected:
+  void SetUp() override {
+    DevhostTest::SetUp();
+    SetEnv("KTL_PLUGIN_DIR", KTL_PLUGIN_DIR_FOR_TESTS);
+    SetEnv("KTL_CATALOGUE", KTL_SOURCE_DIR "/devhost/catalogue/messages.ini");
+    SetEnv("KTL_TEMPLATE_DIR", KTL_SOURCE_DIR "/devhost/templates");
+    SetEnv("KTL_DEFAULT_CONF", KTL_SOURCE_DIR "/devhost/default/logger.ini");
+    SetEnv("KTL_ROOT", Path("root"));
+    devhost_test::WriteFile(Path("mount.sh"),
+                            "#!/bin/sh\n"
+                            "echo '/dev/sdb1 on /data type ext4 (rw,relatime)'\n"
+                            "echo '/dev/sdc1 on /backup type xfs (rw)'\n"
+                            "for n in 1 2 3 4 5 6 7 8 9; do echo \"tmpfs on /m$n type tmpfs (rw)\"; done\n");
+    chmod(Path("mount.sh").c_str(), 0700);
+    SetEnv("KTL_MOUNT_CMD", Path("mount.sh"));
+  }
+
+  devhost_test::CliRun Run(const std::vector<std::string>& vecWords, const std::string& strStdin = "",
+                           bool bOtherSession = false) {
+    return devhost_test::RunCli(LoggerWords(vecWords), m_strDir, strStdin, bOtherSession);
+  }
+  // Runs a command that must succeed.
+  void RunOk(const std::vector<std::string>& vecWords, const std::string& strStdin = "") {
+    const devhost_test::CliRun run = Run(vecWords, strStdin);
+    ASSERT_EQ(run.nExitStatus, 0) << vecWords[0] << ": " << run.strErr;
+  }
+  static std::vector<std::string> LoggerWords(const std::vector<std::string>& vecWords) {
+    std::vector<std::string> vecArgs = {"logger"};
+    vecArgs.insert(vecArgs.end(), vecWords.begin(), vecWords.end());
+    return vecArgs;
+  }
+  std::string Effective() { return devhost_test::ReadFile(StateFile("logger.ini")); }
+  std::string Pending() { return devhost_test::ReadFile(StateFile("logger.edit.ini")); }
+};
 
 #endif

@@ -1,8 +1,7 @@
 // CCommand of the development host: word grouping, the audit log written by
-// Exec, the template name and the session id.
+// Exec and the session id.
 #include <unistd.h>
 
-#include "devhost/lib/current_command.h"
 #include "host/command.h"
 #include "tests/devhost/devhost_test_support.h"
 
@@ -18,7 +17,6 @@ class CGroupingProbe : public CCommand {
     for (const CCommandParam& param : m_vecCommandParam) pairs.push_back({param.m_strOption, param.m_strValue});
     return pairs;
   }
-  std::string TemplateName() const { return m_strTemplateName; }
 };
 
 // One command groups every line in turn, so each must replace the last.
@@ -45,17 +43,10 @@ TEST(CommandTest, GroupsOptionsWithTheirValuesReplacingTheLastLine) {
   }
 }
 
-TEST(CommandTest, TakesItsTemplateNameFromTheCurrentCommand) {
-  devhost::SetCurrentCommand("logger");
-  CGroupingProbe command;
-  devhost::SetCurrentCommand("");
-  EXPECT_EQ(command.TemplateName(), "logger");
-}
-
 class CommandExecTest : public devhost_test::DevhostTest {};
 
 TEST_F(CommandExecTest, AppendsOneAuditLinePerCommandCreatingTheStateDirectory) {
-  m_env.Set("KTL_STATE_DIR", Path("new/state"));
+  SetEnv("KTL_STATE_DIR", Path("new/state"));
   CGroupingProbe command;
   ASSERT_EQ(command.Exec("logger -confirm cur"), 0);
   ASSERT_EQ(command.Exec("logger -mp /data\n-save"), 0);
@@ -68,7 +59,7 @@ TEST_F(CommandExecTest, AppendsOneAuditLinePerCommandCreatingTheStateDirectory) 
 
 TEST_F(CommandExecTest, FailsWithAMessageWhenTheAuditLogCannotBeWritten) {
   devhost_test::WriteFile(Path("plain-file"), "");
-  m_env.Set("KTL_STATE_DIR", Path("plain-file/state"));
+  SetEnv("KTL_STATE_DIR", Path("plain-file/state"));
   ::testing::internal::CaptureStderr();
   EXPECT_NE(CGroupingProbe().Exec("logger -save"), 0);
   const std::string strError = ::testing::internal::GetCapturedStderr();

@@ -7,10 +7,12 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -27,7 +29,9 @@ inline std::string ReadFile(const std::string& strPath) {
   return text.str();
 }
 
+// Writes a file, creating its directory.
 inline void WriteFile(const std::string& strPath, const std::string& strText) {
+  std::filesystem::create_directories(std::filesystem::path(strPath).parent_path());
   std::ofstream out(strPath, std::ios::binary | std::ios::trunc);
   out << strText;
 }
@@ -40,73 +44,67 @@ inline std::vector<std::string> Lines(const std::string& strText) {
   return vecLines;
 }
 
+// The names in a directory, sorted.
+inline std::vector<std::string> Names(const std::string& strDir) {
+  std::vector<std::string> vecNames;
+  std::error_code error;
+  for (const auto& entry : std::filesystem::directory_iterator(strDir, error))
+    vecNames.push_back(entry.path().filename().string());
+  std::sort(vecNames.begin(), vecNames.end());
+  return vecNames;
+}
+
 // The part of a log line after its "YYYY-MM-DDTHH:MM:SS " time stamp, or
 // "<no time stamp>" when it does not start with one.
 inline std::string AfterTimestamp(const std::string& strLine) {
   const std::string strShape = "dddd-dd-ddTdd:dd:dd ";
-  if (strLine.size() < strShape.size()) return "<no time stamp>";
   for (size_t i = 0; i < strShape.size(); ++i) {
-    const bool bMatches = strShape[i] == 'd' ? std::isdigit(static_cast<unsigned char>(strLine[i])) != 0
-                                             : strLine[i] == strShape[i];
-    if (!bMatches) return "<no time stamp>";
+    const char c = i < strLine.size() ? strLine[i] : '\0';
+    if (strShape[i] == 'd' ? std::isdigit(static_cast<unsigned char>(c)) == 0 : c != strShape[i]) return "<no time stamp>";
   }
   return strLine.substr(strShape.size());
 }
 
-// Sets variables for the lifetime of the object and restores the previous
-// values (or their absence) afterwards.
-class ScopedEnv {
- public:
-  ScopedEnv() {}
-  ScopedEnv(const ScopedEnv&) = delete;
-  ScopedEnv& operator=(const ScopedEnv&) = delete;
-  ~ScopedEnv() {
-    for (auto it = m_vecSaved.rbegin(); it != m_vecSaved.rend(); ++it) {
-      if (it->second.first) {
-        setenv(it->first.c_str(), it->second.second.c_str(), 1);
-      } else {
-        unsetenv(it->first.c_str());
-      }
-    }
-  }
-  void Set(const std::string& strName, const std::string& strValue) {
-    Save(strName);
-    setenv(strName.c_str(), strValue.c_str(), 1);
-  }
-  void Unset(const std::string& strName) {
-    Save(strName);
-    unsetenv(strName.c_str());
-  }
-
- private:
-  void Save(const std::string& strName) {
-    const char* pszOld = getenv(strName.c_str());
-    m_vecSaved.push_back({strName, {pszOld != nullptr, pszOld ? pszOld : ""}});
-  }
-  std::vector<std::pair<std::string, std::pair<bool, std::string> > > m_vecSaved;
-};
-
 // A fresh directory for each test, removed with its contents afterwards. The
-// host's state and trace are pointed into it, so that no test touches the
-// operator's files.
+// host's state, trace and default configuration are pointed into it, so that
+// no test touches the operator's files. Variables set with SetEnv get their
+// previous values (or their absence) back after the test.
 class DevhostTest : public ::testing::Test {
  protected:
   void SetUp() override {
     std::string strTemplate = ::testing::TempDir() + "ktl-devhost-test-XXXXXX";
     ASSERT_NE(mkdtemp(&strTemplate[0]), nullptr);
     m_strDir = strTemplate;
-    m_env.Set("KTL_STATE_DIR", m_strDir + "/state");
-    m_env.Set("KTL_TRACE_FILE", m_strDir + "/trace.log");
-    m_env.Set("KTL_TRACE_MASK", "0");
+    m_strStateDir = Path("state");
+    SetEnv("KTL_STATE_DIR", m_strStateDir);
+    SetEnv("KTL_TRACE_FILE", Path("trace.log"));
+    SetEnv("KTL_TRACE_MASK", "0");
+    SetEnv("KTL_DEFAULT_CONF", Path("default.ini"));
   }
   void TearDown() override {
+    for (auto it = m_vecSavedEnv.rbegin(); it != m_vecSavedEnv.rend(); ++it) {
+      if (it->second) {
+        setenv(it->first.c_str(), it->second->c_str(), 1);
+      } else {
+        unsetenv(it->first.c_str());
+      }
+    }
     std::error_code ignored;
     if (!m_strDir.empty()) std::filesystem::remove_all(m_strDir, ignored);
   }
+  void SetEnv(const std::string& strName, const std::string& strValue) {
+    const char* pszOld = getenv(strName.c_str());
+    m_vecSavedEnv.emplace_back(strName, pszOld ? std::optional<std::string>(pszOld) : std::nullopt);
+    setenv(strName.c_str(), strValue.c_str(), 1);
+  }
   std::string Path(const std::string& strName) const { return m_strDir + "/" + strName; }
+  std::string StateFile(const std::string& strName) const { return m_strStateDir + "/" + strName; }
 
   std::string m_strDir;
-  ScopedEnv m_env;
+  std::string m_strStateDir;
+
+ private:
+  std::vector<std::pair<std::string, std::optional<std::string> > > m_vecSavedEnv;
 };
 
 using ktl_test::CaseName;

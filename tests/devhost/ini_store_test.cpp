@@ -1,7 +1,12 @@
-// INI files on disk: malformed files, exact names, atomic replacement.
+// INI files on disk: malformed files, storable entries, atomic replacement.
 #include "devhost/lib/ini_store.h"
 
-#include "tests/devhost/logger_state_fixture.h"
+#include <signal.h>
+#include <sys/resource.h>
+
+#include <memory>
+
+#include "tests/devhost/devhost_test_support.h"
 
 namespace {
 
@@ -9,7 +14,30 @@ using devhost::IniRead;
 using devhost::IniTree;
 using devhost_test::ReadFile;
 
-class IniStoreTest : public LoggerStateTest {};
+class IniStoreTest : public devhost_test::DevhostTest {};
+
+// Lowers the file size limit for its lifetime, so that writes past it fail
+// with EFBIG: a write failure that needs no special permissions.
+class CFileSizeLimit {
+ public:
+  explicit CFileSizeLimit(rlim_t nBytes) {
+    getrlimit(RLIMIT_FSIZE, &m_saved);
+    m_oldHandler = signal(SIGXFSZ, SIG_IGN);
+    rlimit limited = m_saved;
+    limited.rlim_cur = nBytes;
+    setrlimit(RLIMIT_FSIZE, &limited);
+  }
+  ~CFileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &m_saved);
+    signal(SIGXFSZ, m_oldHandler);
+  }
+  CFileSizeLimit(const CFileSizeLimit&) = delete;
+  CFileSizeLimit& operator=(const CFileSizeLimit&) = delete;
+
+ private:
+  rlimit m_saved;
+  sighandler_t m_oldHandler;
+};
 
 TEST_F(IniStoreTest, MalformedFileIsRefusedNamingFileAndLine) {
   const struct {
@@ -17,31 +45,17 @@ TEST_F(IniStoreTest, MalformedFileIsRefusedNamingFileAndLine) {
     const char* expected;  // in the message, after the file's path
   } cases[] = {
       {"[CPU]\nInterval=1\nCount=2\nInterval=3\n", ":4: malformed INI file: duplicate key"},
-      {"[CPU]\nCount=2\n; note\n[CPU]\n", ":4: malformed INI file: duplicate section"},
       {"[CPU]\nInterval 60\n", ":2: malformed INI file: '=' character not found"},
       {"Output=0x11\n[Syslog]\n", ": malformed INI file: key \"Output\" stands before any section"},
   };
   const std::string strPath = Path("malformed.ini");
   for (const auto& c : cases) {
-    WriteText(strPath, c.text);
+    devhost_test::WriteFile(strPath, c.text);
     IniTree tree;
     std::string strError;
     EXPECT_EQ(devhost::ReadIniFile(strPath, tree, strError), IniRead::kError) << c.text;
     EXPECT_NE(strError.find(strPath + c.expected), std::string::npos) << c.text << " gave: " << strError;
   }
-}
-
-TEST_F(IniStoreTest, NamesWithDotsAreNotSplitIntoPaths) {
-  IniTree tree;
-  devhost::SetIniValue(tree, "v1.2", "key.x", "1");
-  devhost::SetIniValue(tree, "v1.2", "key.x", "2");
-  std::string strError;
-  ASSERT_TRUE(devhost::WriteIniFile(Path("dots.ini"), tree, strError)) << strError;
-  EXPECT_EQ(ReadFile(Path("dots.ini")), "[v1.2]\nkey.x=2\n");
-  IniTree read;
-  ASSERT_EQ(devhost::ReadIniFile(Path("dots.ini"), read, strError), IniRead::kOk) << strError;
-  ASSERT_NE(devhost::FindIniValue(read, "v1.2", "key.x"), nullptr);
-  EXPECT_EQ(*devhost::FindIniValue(read, "v1.2", "key.x"), "2");
 }
 
 TEST_F(IniStoreTest, OnlyEntriesThatReadBackUnchangedAreStorable) {
@@ -51,9 +65,8 @@ TEST_F(IniStoreTest, OnlyEntriesThatReadBackUnchangedAreStorable) {
     const char* value;
     bool bStorable;
   } cases[] = {
-      {"FSNAME-1", "Mount", "/mnt/my disk", true}, {"CPU", "Interval", "", true}, {"", "Key", "v", false},
-      {"CP]U", "Key", "v", false},                 {"CPU", "a=b", "v", false},    {"CPU", ";Key", "v", false},
-      {"CPU", "Key", "a\nb", false},               {"CPU", "Key", " v", false},   {"CPU", "Key ", "v", false},
+      {"FSNAME-1", "Mount", "/mnt/my disk", true}, {"CP]U", "Key", "v", false}, {"CPU", "a=b", "v", false},
+      {"CPU", ";Key", "v", false},                 {"CPU", "Key", "a\nb", false}, {"CPU", "Key", " v", false},
   };
   for (const auto& c : cases) {
     std::string strError;
@@ -62,55 +75,47 @@ TEST_F(IniStoreTest, OnlyEntriesThatReadBackUnchangedAreStorable) {
   }
 }
 
-TEST_F(IniStoreTest, ReplacementLeavesOnlyTheNewFile) {
+// A replacement leaves the new file, or on failure the old one, and never a
+// temporary file. Unflushed, the two names are swapped and the old content
+// removed.
+TEST_F(IniStoreTest, ReplacementLeavesTheNewOrTheOldFileAndNoTemporaryFile) {
+  const std::string strOld = "; kept as it is\n[CPU]\nInterval=60\n", strNew = "[CPU]\nInterval=30\n";
   const struct {
+    const char* name;
     devhost::Flush eFlush;
-    bool bTargetExists;
+    const char* pszOld;    // what holds the old content; a directory that is not empty cannot be renamed over
+    rlim_t nSizeLimit;     // 0 = none
+    const char* expected;  // the failed step; nullptr = replaced
   } cases[] = {
-      {devhost::Flush::kToDisk, false},
-      {devhost::Flush::kToDisk, true},
-      {devhost::Flush::kNone, false},
-      {devhost::Flush::kNone, true},  // the two names are swapped, the old content removed
+      {"new file", devhost::Flush::kToDisk, nullptr, 0, nullptr},
+      {"over a file", devhost::Flush::kToDisk, "conf.ini", 0, nullptr},
+      {"new file, unflushed", devhost::Flush::kNone, nullptr, 0, nullptr},
+      {"over a file, unflushed", devhost::Flush::kNone, "conf.ini", 0, nullptr},
+      {"write fails", devhost::Flush::kToDisk, "conf.ini", 8, "cannot write the temporary file"},
+      {"rename fails", devhost::Flush::kToDisk, "conf.ini/inside", 0, "cannot rename the temporary file"},
+      {"unflushed, rename fails", devhost::Flush::kNone, "conf.ini/inside", 0, "cannot rename the temporary file"},
   };
+  const std::string strPath = StateFile("conf.ini");
   for (const auto& c : cases) {
     std::filesystem::remove_all(m_strStateDir);
     std::filesystem::create_directories(m_strStateDir);
-    const std::string strPath = StateFile("conf.ini");
-    if (c.bTargetExists) WriteText(strPath, "[CPU]\nInterval=60\n");
+    if (c.pszOld) devhost_test::WriteFile(StateFile(c.pszOld), strOld);
     std::string strError;
-    ASSERT_TRUE(devhost::WriteFileAtomically(strPath, "[CPU]\nInterval=30\n", strError, c.eFlush)) << strError;
-    EXPECT_EQ(ReadFile(strPath), "[CPU]\nInterval=30\n");
-    EXPECT_EQ(std::filesystem::status(strPath).permissions(), std::filesystem::perms(0644));
-    EXPECT_EQ(Names(m_strStateDir), std::vector<std::string>{"conf.ini"});
-  }
-}
-
-TEST_F(IniStoreTest, FailedReplacementLeavesTheOldFileAndNoTemporaryFile) {
-  const std::string strOld = "; kept as it is\n[CPU]\nInterval=60\n";
-  const struct {
-    const char* name;
-    bool bTargetIsDirectory;  // a directory that is not empty cannot be renamed over
-    rlim_t nSizeLimit;        // 0 = none
-    devhost::Flush eFlush;
-    const char* expected;
-  } cases[] = {
-      {"write fails", false, 8, devhost::Flush::kToDisk, "cannot write the temporary file"},
-      {"rename fails", true, 0, devhost::Flush::kToDisk, "cannot rename the temporary file"},
-      {"unflushed, rename fails", true, 0, devhost::Flush::kNone, "cannot rename the temporary file"},
-  };
-  for (const auto& c : cases) {
-    std::filesystem::remove_all(m_strStateDir);
-    const std::string strPath = StateFile("conf.ini");
-    const std::string strOldFile = c.bTargetIsDirectory ? strPath + "/inside" : strPath;
-    WriteText(strOldFile, strOld);
-    std::string strError;
+    bool bReplaced = false;
     {
       std::unique_ptr<CFileSizeLimit> limit(c.nSizeLimit ? new CFileSizeLimit(c.nSizeLimit) : nullptr);
-      EXPECT_FALSE(devhost::WriteFileAtomically(strPath, std::string(4096, 'x'), strError, c.eFlush)) << c.name;
+      bReplaced = devhost::WriteFileAtomically(strPath, strNew, strError, c.eFlush);
     }
-    EXPECT_NE(strError.find("cannot replace " + strPath + ": " + c.expected), std::string::npos) << strError;
-    EXPECT_EQ(ReadFile(strOldFile), strOld) << c.name;
-    EXPECT_EQ(Names(m_strStateDir), std::vector<std::string>{"conf.ini"}) << c.name;
+    EXPECT_EQ(devhost_test::Names(m_strStateDir), std::vector<std::string>{"conf.ini"}) << c.name;
+    if (c.expected) {
+      EXPECT_FALSE(bReplaced) << c.name;
+      EXPECT_NE(strError.find("cannot replace " + strPath + ": " + c.expected), std::string::npos) << strError;
+      EXPECT_EQ(ReadFile(StateFile(c.pszOld)), strOld) << c.name;
+    } else {
+      EXPECT_TRUE(bReplaced) << c.name << ": " << strError;
+      EXPECT_EQ(ReadFile(strPath), strNew) << c.name;
+      EXPECT_EQ(std::filesystem::status(strPath).permissions(), std::filesystem::perms(0644)) << c.name;
+    }
   }
 }
 

@@ -12,7 +12,7 @@ class ExecSystemCmdTest : public devhost_test::DevhostTest {
   void SetUp() override {
     DevhostTest::SetUp();
     std::filesystem::create_directories(Path("tmp"));
-    m_env.Set("TMPDIR", Path("tmp"));
+    SetEnv("TMPDIR", Path("tmp"));
   }
   // Checks that the command's output file is private and under TMPDIR and
   // returns its text, removing it.
@@ -30,7 +30,7 @@ class ExecSystemCmdTest : public devhost_test::DevhostTest {
 // "/bin/mount" runs the configured mount command only as the whole command;
 // the command reads no input.
 TEST_F(ExecSystemCmdTest, CapturesTheOutputOfTheFormattedCommandInAPrivateFile) {
-  m_env.Set("KTL_MOUNT_CMD", "echo 'tmpfs on /data type tmpfs (rw)'");
+  SetEnv("KTL_MOUNT_CMD", "echo 'tmpfs on /data type tmpfs (rw)'");
   EXPECT_EQ(Output(CKtlUtil::ExecSystemCmd("printf '%%s-%%d\\n' %s %d", "word", 42)), "word-42\n");
   EXPECT_EQ(Output(CKtlUtil::ExecSystemCmd("/bin/mount")), "tmpfs on /data type tmpfs (rw)\n");
   EXPECT_EQ(Output(CKtlUtil::ExecSystemCmd("echo %s", "/bin/mount")), "/bin/mount\n");
@@ -38,7 +38,7 @@ TEST_F(ExecSystemCmdTest, CapturesTheOutputOfTheFormattedCommandInAPrivateFile) 
 }
 
 TEST_F(ExecSystemCmdTest, WithoutATemporaryDirectoryThePathNamesNoFile) {
-  m_env.Set("TMPDIR", Path("missing"));
+  SetEnv("TMPDIR", Path("missing"));
   const std::string strPath = CKtlUtil::ExecSystemCmd("echo lost");
   EXPECT_FALSE(strPath.empty());
   EXPECT_NE(access(strPath.c_str(), F_OK), 0) << strPath;

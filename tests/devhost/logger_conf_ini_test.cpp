@@ -1,15 +1,15 @@
 // The logger configuration record as INI, both ways.
 #include "devhost/lib/logger_conf_ini.h"
 
-#include "tests/devhost/logger_state_fixture.h"
+#include "tests/devhost/devhost_test_support.h"
 
 namespace {
 
-class LoggerConfIniTest : public LoggerStateTest {
+class LoggerConfIniTest : public devhost_test::DevhostTest {
  protected:
   // Reads the text as a configuration file into the record.
   bool Read(const std::string& strText, Velmora_LoggerConf& conf, std::string& strError) {
-    WriteText(Path("conf.ini"), strText);
+    devhost_test::WriteFile(Path("conf.ini"), strText);
     devhost::IniTree tree;
     EXPECT_EQ(devhost::ReadIniFile(Path("conf.ini"), tree, strError), devhost::IniRead::kOk) << strError;
     return devhost::ConfFromIni(tree, conf, strError);
@@ -47,12 +47,6 @@ TEST_F(LoggerConfIniTest, FileValuesMapToTheRecordAndBack) {
     const char* written;  // the file the record is written as; nullptr = text
   } cases[] = {
       {"every field set", kFullText, nullptr, nullptr},
-      {"nothing set", "",
-       "[Syslog] Output=0 Information=0 Warning=0 Error=0\n"
-       "[CPU] Available=0 Interval=-1 Count=-1 Threshold=-1\n"
-       "[MEMORY] Available=0 Interval=-1 Count=-1 Threshold=-1\n"
-       "[FILESYS] Available=0 Interval=-1 Count=-1 NumFileSys=0\n",
-       "[FILESYS]\nNumFileSys=0\n"},
       {"partly set, entries out of order",
        "[Syslog]\nOutput=17\nInformation=0x10\n[CPU]\nInterval=60\nThreshold=0\n"
        "[FILESYS]\nAvailable=16\nNumFileSys=9\n[FSNAME-10]\nAvailable=0x11\nThreshold=80\nMount=/ten\n"

@@ -23,7 +23,7 @@ class LoggerReportTest : public devhost_test::DevhostTest {
  protected:
   void SetUp() override {
     DevhostTest::SetUp();
-    m_env.Set("KTL_TEMPLATE_DIR", KTL_SOURCE_DIR "/devhost/templates");
+    SetEnv("KTL_TEMPLATE_DIR", KTL_SOURCE_DIR "/devhost/templates");
   }
   static std::string Render(const std::map<std::string, std::string>& mapText, const Rows* pRows) {
     CTempleteContext context;
@@ -48,7 +48,8 @@ TEST_F(LoggerReportTest, FullReportMatchesTheGoldenFile) {
   EXPECT_EQ(Render(mapText, &vecRows), devhost_test::ReadFile(kGoldenReport));
 }
 
-// Reports whose sections are left out: no blank line may stay behind.
+// Reports whose sections are left out: no blank line may stay behind. The
+// memory monitor, off in the golden file, is shown here.
 TEST_F(LoggerReportTest, LeftOutSectionsLeaveNothingBehind) {
   const Rows vecNoRows;
   EXPECT_EQ(Render({{"SyslogOn", "Off"}}, nullptr),
@@ -56,7 +57,8 @@ TEST_F(LoggerReportTest, LeftOutSectionsLeaveNothingBehind) {
             "\n"
             "  Syslog output           : Off\n");
   EXPECT_EQ(Render({{"SyslogOn", "On"}, {"LogDisp", "true"}, {"InfoOn", "Off"}, {"WarnOn", "Off"}, {"ErrorOn", "Off"},
-                    {"CpuOn", "Off"}, {"MemOn", "Off"}, {"FileOn", "On"}, {"FileDisp", "true"},
+                    {"CpuOn", "Off"}, {"MemOn", "On"}, {"MemDisp", "true"}, {"MemInterval", "30"},
+                    {"MemCount", "4"}, {"MemValue", "75"}, {"FileOn", "On"}, {"FileDisp", "true"},
                     {"FileInterval", "-1"}, {"FileCount", "2"}},
                    &vecNoRows),
             "Logger configuration\n"
@@ -66,7 +68,10 @@ TEST_F(LoggerReportTest, LeftOutSectionsLeaveNothingBehind) {
             "    Warning alerts        : Off\n"
             "    Error alerts          : Off\n"
             "  CPU usage monitor       : Off\n"
-            "  Memory usage monitor    : Off\n"
+            "  Memory usage monitor    : On\n"
+            "    Interval (seconds)    : 30\n"
+            "    Count                 : 4\n"
+            "    Threshold (%)         : 75\n"
             "  Disk usage monitor      : On\n"
             "    Interval (seconds)    : -1\n"
             "    Count                 : 2\n"

@@ -13,7 +13,7 @@ class MessageTest : public devhost_test::DevhostTest {
  protected:
   void SetUp() override {
     DevhostTest::SetUp();
-    m_env.Set("KTL_CATALOGUE", KTL_SOURCE_DIR "/devhost/catalogue/messages.ini");
+    SetEnv("KTL_CATALOGUE", KTL_SOURCE_DIR "/devhost/catalogue/messages.ini");
   }
   // Shows the message and keeps what went to each stream.
   int Show(const std::string& strId, unsigned long ulCode) {
@@ -77,7 +77,7 @@ TEST_F(MessageTest, CodesUnknownIdentifiersAndBrokenCataloguesAreExplained) {
        Path("bad.ini") + " is malformed at line 3"},
   };
   for (const auto& c : cases) {
-    if (c.catalogue) m_env.Set("KTL_CATALOGUE", Path(c.catalogue));
+    if (c.catalogue) SetEnv("KTL_CATALOGUE", Path(c.catalogue));
     EXPECT_EQ(Show(c.id, c.ulCode), c.nResult) << c.name;
     EXPECT_NE(m_strOut.find(c.strInOut), std::string::npos) << c.name << ": " << m_strOut;
     EXPECT_NE(m_strErr.find(c.strInErr), std::string::npos) << c.name << ": " << m_strErr;

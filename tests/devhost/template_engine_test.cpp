@@ -10,7 +10,7 @@ class TemplateTest : public devhost_test::DevhostTest {
  protected:
   void SetUp() override {
     DevhostTest::SetUp();
-    m_env.Set("KTL_TEMPLATE_DIR", m_strDir);
+    SetEnv("KTL_TEMPLATE_DIR", m_strDir);
   }
   void WriteTemplate(const std::string& strName, const std::string& strText) {
     devhost_test::WriteFile(Path(strName + ".mustache"), strText);
@@ -46,29 +46,6 @@ TEST_F(TemplateTest, RendersStringsAndRowsUnescapedFromTheTemplateLoadedByInit) 
   EXPECT_EQ(Render(context), "<disk & \"fs\">: [/data   =90] [/a&b=40]\n");
   std::filesystem::remove(Path("report.mustache"));
   EXPECT_EQ(Render(context), "<disk & \"fs\">: [/data   =90] [/a&b=40]\n");
-}
-
-TEST_F(TemplateTest, AnItemOfAnotherTypeIsARenderError) {
-  WriteTemplate("report", "{{Value}}");
-  CTempleteContext context;
-  ASSERT_TRUE(context.Init("report"));
-  context.m_mapData["Value"] = 42;
-  ::testing::internal::CaptureStderr();
-  EXPECT_EQ(Render(context), "<failed>");
-  EXPECT_NE(::testing::internal::GetCapturedStderr().find("Value"), std::string::npos);
-}
-
-// The shipped template of the logger command shows the memory monitor's
-// values, which the report's golden file leaves switched off.
-TEST_F(TemplateTest, TheLoggerTemplateShowsTheMemoryMonitor) {
-  m_env.Set("KTL_TEMPLATE_DIR", KTL_SOURCE_DIR "/devhost/templates");
-  CTempleteContext context;
-  ASSERT_TRUE(context.Init("logger"));
-  const std::vector<std::string> vecKeys = {"MemOn", "MemInterval", "MemCount", "MemValue"};
-  for (const std::string& strKey : vecKeys) context.PutData(strKey, "<" + strKey + ">");
-  for (const char* pszKey : {"LogDisp", "MemDisp"}) context.PutData(pszKey, "true");
-  const std::string strOut = Render(context);
-  for (const std::string& strKey : vecKeys) EXPECT_NE(strOut.find("<" + strKey + ">"), std::string::npos) << strOut;
 }
 
 }  // namespace

@@ -1,85 +1,82 @@
 // The logging tool's service as the plug-in drives it, on real files.
 #include "host/tool_service_logger_acc.h"
 
-#include "tests/devhost/logger_state_fixture.h"
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/devhost/devhost_test_support.h"
 
 namespace {
 
 using ::testing::internal::CaptureStderr;
 using ::testing::internal::GetCapturedStderr;
 using devhost_test::ReadFile;
+using devhost_test::WriteFile;
 
-const char kDefaultText[] =
-    "; shipped default\n"
-    "[Syslog]\nOutput=0x11\nInformation=0x11\nWarning=0x11\nError=0x11\n"
-    "[CPU]\nAvailable=0x11\nInterval=60\nCount=3\nThreshold=90\n"
-    "[MEMORY]\nAvailable=0x11\nInterval=60\nCount=3\nThreshold=90\n"
-    "[FILESYS]\nAvailable=0x10\nInterval=300\nCount=3\nNumFileSys=0\n";
+const std::string kDefaultText = ReadFile(KTL_SOURCE_DIR "/devhost/default/logger.ini");
 
-class ToolServiceTest : public LoggerStateTest {
+class ToolServiceTest : public devhost_test::DevhostTest {
  protected:
   std::string Effective() const { return StateFile("logger.ini"); }
   std::string Pending() const { return StateFile("logger.edit.ini"); }
   std::string Owner() const { return StateFile("logger.edit.owner"); }
   void Install() {
     std::filesystem::remove_all(m_strStateDir);
-    WriteText(m_strDefault, kDefaultText);
+    WriteFile(Path("default.ini"), kDefaultText);
   }
   const int m_nSelf = static_cast<int>(getpid());
 };
 
-TEST_F(ToolServiceTest, WithoutEffectiveOrDefaultTheToolIsNotInstalled) {
-  CToolServiceLoggerAcc acc;
-  Velmora_LoggerConf conf;
-  std::string strValue;
-  CaptureStderr();
-  EXPECT_EQ(acc.GetParameter(conf), 176);
-  EXPECT_EQ(acc.SetParameter(conf), 176);
-  EXPECT_EQ(acc.initWrite(m_nSelf), 176);
-  EXPECT_FALSE(acc.GetString("FILESYS", "NumFileSys", strValue));
-  EXPECT_FALSE(acc.WriteString("CPU", "Interval", "30"));
-  EXPECT_TRUE(acc.Discard());
-  EXPECT_NE(GetCapturedStderr().find("not installed"), std::string::npos);
-  EXPECT_FALSE(std::filesystem::exists(m_strStateDir));
+// The id of a process that has ended and been reaped.
+int EndedProcessId() {
+  const pid_t nChild = fork();
+  if (nChild == 0) _exit(0);
+  waitpid(nChild, nullptr, 0);
+  return static_cast<int>(nChild);
 }
 
-// The shipped default becomes the effective configuration on first use, once
-// it is known to be valid; a broken file is explained, naming it.
 TEST_F(ToolServiceTest, FirstUseCopiesAValidDefaultAndBrokenFilesAreExplained) {
-  const std::string strShipped = ReadFile(KTL_SOURCE_DIR "/devhost/default/logger.ini");
   const struct {
-    bool bDefault;  // the file is the default, with no effective one yet
+    const char* pszFile;  // the one file there is, a default or an effective one; nullptr = none
     std::string strText;
-    const char* expected;  // in the message, after the file's path; nullptr = valid
+    int nResult;
+    const char* expected;  // in the message, after the file's path
   } cases[] = {
-      {true, strShipped, nullptr},
-      {false, "[CPU]\nCount=1\nCount=2\n", ":3: malformed INI file: duplicate key"},
-      {false, "[CPU]\nInterval=sixty\n", ": [CPU] Interval=\"sixty\" is not"},
-      {true, "[MEMORY]\nCount\n", ":2: malformed INI file"},
+      {nullptr, "", 176, "not installed"},
+      {"default.ini", kDefaultText, 0, nullptr},
+      {"state/logger.ini", "[CPU]\nCount=1\nCount=2\n", 1, ":3: malformed INI file: duplicate key"},
+      {"state/logger.ini", "[CPU]\nInterval=sixty\n", 1, ": [CPU] Interval=\"sixty\" is not"},
+      {"default.ini", "[MEMORY]\nCount\n", 1, ":2: malformed INI file"},
+      {"default.ini", "[CPU]\nInterval=sixty\n", 1, ": [CPU] Interval=\"sixty\" is not"},
   };
   for (const auto& c : cases) {
     std::filesystem::remove_all(m_strStateDir);
-    const std::string strFile = c.bDefault ? m_strDefault : Effective();
-    WriteText(strFile, c.strText);
+    std::filesystem::remove(Path("default.ini"));
+    if (c.pszFile) WriteFile(Path(c.pszFile), c.strText);
     Velmora_LoggerConf conf;
     CaptureStderr();
-    EXPECT_EQ(CToolServiceLoggerAcc().GetParameter(conf), c.expected ? 1 : 0) << c.strText;
+    EXPECT_EQ(CToolServiceLoggerAcc().GetParameter(conf), c.nResult) << c.strText;
     const std::string strMessage = GetCapturedStderr();
     if (c.expected) {
-      EXPECT_NE(strMessage.find(strFile + c.expected), std::string::npos) << strMessage;
+      EXPECT_NE(strMessage.find((c.pszFile ? Path(c.pszFile) : "") + c.expected), std::string::npos) << strMessage;
     }
-    EXPECT_EQ(ReadFile(Effective()), c.expected && c.bDefault ? "" : c.strText) << "a broken default is not copied";
+    const bool bCopied = c.nResult == 0 || (c.pszFile && Path(c.pszFile) == Effective());
+    EXPECT_EQ(ReadFile(Effective()), bCopied ? c.strText : "") << "a broken default is not copied";
+    EXPECT_EQ(std::filesystem::exists(m_strStateDir), c.nResult != 176) << c.strText;
   }
   EXPECT_EQ(CToolServiceLoggerAcc().initWrite(m_nSelf), 1) << "nor used by an edit";
 }
 
-TEST_F(ToolServiceTest, PendingConfigurationIsCopiedOnFirstWrite) {
+// Edits go to a copy of the effective configuration made on the first write;
+// a save replaces the effective file with the record and leaves the edits;
+// a discard removes them and the session's claim.
+TEST_F(ToolServiceTest, EditSaveAndDiscardTouchOnlyTheirOwnFile) {
   Install();
   CToolServiceLoggerAcc acc;
   ASSERT_EQ(acc.initWrite(m_nSelf), 0);
-  Velmora_LoggerConf pending;
+  Velmora_LoggerConf conf;
   std::string strValue;
-  EXPECT_FALSE(acc.ReadConfFile(pending));
+  EXPECT_FALSE(acc.ReadConfFile(conf));
   ASSERT_TRUE(acc.GetString("FILESYS", "NumFileSys", strValue)) << "the effective configuration answers";
   EXPECT_EQ(strValue, "0");
   EXPECT_FALSE(acc.GetString("FILESYS", "Absent", strValue));
@@ -90,51 +87,75 @@ TEST_F(ToolServiceTest, PendingConfigurationIsCopiedOnFirstWrite) {
   EXPECT_EQ(ReadFile(Owner()), std::to_string(m_nSelf) + "\n");
   ASSERT_TRUE(acc.GetString("CPU", "Interval", strValue));
   EXPECT_EQ(strValue, "30");
-  ASSERT_TRUE(acc.ReadConfFile(pending));
-  EXPECT_EQ(pending.cpu.nThreshold, 90) << "the copy keeps the effective values";
-  ASSERT_EQ(pending.fs.vecThreshold.size(), 1u);
+  ASSERT_TRUE(acc.ReadConfFile(conf));
+  EXPECT_EQ(conf.cpu.nThreshold, 90) << "the copy keeps the effective values";
+  EXPECT_EQ(conf.fs.vecThreshold.size(), 1u);
+
+  const std::string strPending = ReadFile(Pending());
+  Velmora_LoggerConf saved;  // without MEMORY values
+  saved.cpu.nInterval = 120;
+  saved.fs.vecThreshold.resize(2);
+  ASSERT_EQ(acc.SetParameter(saved), 0);
+  EXPECT_EQ(ReadFile(Pending()), strPending);
+  ASSERT_EQ(acc.GetParameter(conf), 0);
+  EXPECT_EQ(conf.cpu.nInterval, 120);
+  EXPECT_EQ(conf.mem.nInterval, 0) << "the record replaces the file, the default's 60 included";
+  EXPECT_EQ(conf.fs.vecThreshold.size(), 2u);
+
+  EXPECT_TRUE(acc.Discard());
+  EXPECT_EQ(devhost_test::Names(m_strStateDir), (std::vector<std::string>{"logger.ini", "logger.lock"}));
+  EXPECT_TRUE(acc.Discard()) << "nothing pending";
+  WriteFile(Pending() + "/inside", "a pending file that cannot be removed");
+  CaptureStderr();
+  EXPECT_FALSE(acc.Discard());
+  EXPECT_NE(GetCapturedStderr().find("cannot remove " + Pending()), std::string::npos);
 }
 
+// Pending edits belong to the session recorded in the owner file while that
+// process lives; any other record can be taken over. An empty pending file,
+// what a power cut can leave of an edit, counts as no edits.
 TEST_F(ToolServiceTest, PendingEditsBelongToOneLiveSession) {
   const std::string strPendingText = "[CPU]\nInterval=45\n";
+  const std::string strSelf = std::to_string(m_nSelf) + "\n";
+  const std::string strLive = std::to_string(getppid()) + "\n";
+  const std::string strEnded = std::to_string(EndedProcessId()) + "\n";
   const struct {
     const char* name;
     const char* pending;  // content of the pending file; nullptr = none
-    int nOwner;           // 0 = no owner file
-    int nInitWrite;
-    bool bMayEdit;
-    bool bStartsFromEffective;  // the edit copies the configuration in effect
+    const char* owner;    // content of the owner file; nullptr = none
+    bool bMayEdit;        // after initWrite; when not, initWrite answers -1
+    bool bFromEffective;  // the edit starts from a copy of the effective file
   } cases[] = {
-      {"nothing pending", nullptr, 0, 0, true, true},
-      {"own edits", strPendingText.c_str(), m_nSelf, 0, true, false},
-      {"edits of the live parent", strPendingText.c_str(), static_cast<int>(getppid()), -1, false, false},
-      {"edits of an ended process", strPendingText.c_str(), EndedProcessId(), 0, true, false},
-      // What a power cut can leave of an edit that had not reached the disk.
-      {"empty pending file of the live parent", "", static_cast<int>(getppid()), 0, true, true},
+      {"nothing pending, stale owner", nullptr, strLive.c_str(), true, true},
+      {"empty pending file of a live session", "", strLive.c_str(), true, true},
+      {"own edits", strPendingText.c_str(), strSelf.c_str(), true, false},
+      {"edits of a live session", strPendingText.c_str(), strLive.c_str(), false, false},
+      {"edits of an ended process", strPendingText.c_str(), strEnded.c_str(), true, false},
+      {"edits without owner", strPendingText.c_str(), nullptr, true, false},
+      {"owner file with garbage", strPendingText.c_str(), "12 34\n", true, false},
+      {"owner 0, the process group", strPendingText.c_str(), "0\n", true, false},
   };
   for (const auto& c : cases) {
     Install();
-    if (c.pending) WriteText(Pending(), c.pending);
-    if (c.nOwner > 0) WriteText(Owner(), std::to_string(c.nOwner) + "\n");
+    if (c.pending) WriteFile(Pending(), c.pending);
+    if (c.owner) WriteFile(Owner(), c.owner);
     CToolServiceLoggerAcc acc;
-    const bool bFree = !c.pending || !*c.pending || c.nOwner == m_nSelf;
-    EXPECT_EQ(acc.CheckProcessId(m_nSelf), bFree) << c.name;
-    EXPECT_EQ(acc.initWrite(m_nSelf), c.nInitWrite) << c.name;
+    EXPECT_EQ(acc.initWrite(m_nSelf), c.bMayEdit ? 0 : -1) << c.name;
     EXPECT_EQ(acc.CheckProcessId(m_nSelf), c.bMayEdit) << c.name;
     CaptureStderr();
     EXPECT_EQ(acc.WriteString("CPU", "Count", "4"), c.bMayEdit) << c.name;
     GetCapturedStderr();
-    EXPECT_EQ(ReadFile(Owner()), std::to_string(c.bMayEdit ? m_nSelf : c.nOwner) + "\n") << c.name;
+    EXPECT_EQ(ReadFile(Owner()), c.bMayEdit ? strSelf : c.owner) << c.name;
     if (!c.bMayEdit) {
       EXPECT_EQ(ReadFile(Pending()), strPendingText) << c.name;
     }
     std::string strValue;
-    CaptureStderr();
-    EXPECT_EQ(acc.GetString("MEMORY", "Interval", strValue), c.bStartsFromEffective) << c.name;
-    GetCapturedStderr();
+    EXPECT_EQ(acc.GetString("MEMORY", "Interval", strValue), c.bFromEffective) << c.name;
   }
 }
 
+// Processes editing at once through the service alone, without ktl-cli's
+// command lock: the state lock keeps every edit.
 TEST_F(ToolServiceTest, EditsStartedAtOnceAreAllKept) {
   Install();
   const int kEditors = 8;
@@ -152,73 +173,11 @@ TEST_F(ToolServiceTest, EditsStartedAtOnceAreAllKept) {
   }
   for (pid_t nChild : children) {
     int nStatus = 0;
-    ASSERT_EQ(waitpid(nChild, &nStatus, 0), nChild);
-    EXPECT_TRUE(WIFEXITED(nStatus) && WEXITSTATUS(nStatus) == 0);
+    EXPECT_TRUE(waitpid(nChild, &nStatus, 0) == nChild && WIFEXITED(nStatus) && WEXITSTATUS(nStatus) == 0);
   }
   Velmora_LoggerConf pending;
   ASSERT_TRUE(CToolServiceLoggerAcc().ReadConfFile(pending));
   EXPECT_EQ(pending.fs.vecThreshold.size(), static_cast<std::size_t>(kEditors));
-}
-
-TEST_F(ToolServiceTest, SaveReplacesTheEffectiveConfigurationOnlyWhenItSucceeds) {
-  Install();
-  CToolServiceLoggerAcc acc;
-  ASSERT_EQ(acc.initWrite(m_nSelf), 0);
-  ASSERT_TRUE(acc.WriteString("CPU", "Available", "0x10"));
-  const std::string strPending = ReadFile(Pending());
-  const std::vector<std::string> names = Names(m_strStateDir);
-  // A record without MEMORY values.
-  Velmora_LoggerConf saved;
-  saved.cpu.nInterval = 120;
-  saved.fs.vecThreshold.resize(2);
-
-  // Too long for the file size limit, which leaves room for the message.
-  Velmora_LoggerConf tooLong = saved;
-  tooLong.fs.vecThreshold[0].strMount = "/" + std::string(8192, 'd');
-  CaptureStderr();
-  {
-    CFileSizeLimit limit(4096);
-    EXPECT_EQ(acc.SetParameter(tooLong), 1);
-  }
-  const std::string strMessage = GetCapturedStderr();
-  EXPECT_NE(strMessage.find("cannot replace " + Effective()), std::string::npos) << strMessage;
-  EXPECT_EQ(ReadFile(Effective()), kDefaultText);
-  EXPECT_EQ(Names(m_strStateDir), names) << "no temporary file is left";
-
-  ASSERT_EQ(acc.SetParameter(saved), 0);
-  EXPECT_EQ(ReadFile(Pending()), strPending);
-  Velmora_LoggerConf effective;
-  ASSERT_EQ(acc.GetParameter(effective), 0);
-  EXPECT_EQ(effective.cpu.nInterval, 120);
-  EXPECT_EQ(effective.mem.nInterval, 0) << "the record replaces the file, the default's 60 included";
-  EXPECT_EQ(effective.fs.vecThreshold.size(), 2u);
-}
-
-TEST_F(ToolServiceTest, DiscardIsIdempotentAndReportsAFailure) {
-  Install();
-  CToolServiceLoggerAcc acc;
-  EXPECT_TRUE(acc.Discard()) << "nothing pending";
-  ASSERT_EQ(acc.initWrite(m_nSelf), 0);
-  ASSERT_TRUE(acc.WriteString("Syslog", "Output", "0x10"));
-  EXPECT_TRUE(acc.Discard());
-  EXPECT_EQ(Names(m_strStateDir), (std::vector<std::string>{"logger.ini", "logger.lock"}));
-
-  WriteText(Pending() + "/inside", "a pending file that cannot be removed");
-  CaptureStderr();
-  EXPECT_FALSE(acc.Discard());
-  EXPECT_NE(GetCapturedStderr().find("cannot remove " + Pending()), std::string::npos);
-}
-
-TEST_F(ToolServiceTest, ShowConfTracesOneLinePerSection) {
-  m_env.Set("KTL_TRACE_MASK", "1");
-  Velmora_LoggerConf conf;
-  conf.cpu.nInterval = 120;
-  conf.fs.vecThreshold.resize(1);
-  CToolServiceLoggerAcc().ShowConf(conf);
-  const std::string strTrace = ReadFile(Path("trace.log"));
-  EXPECT_EQ(std::count(strTrace.begin(), strTrace.end(), '\n'), 5) << strTrace;
-  EXPECT_NE(strTrace.find(" cli 1 ShowConf [CPU] Available=0 Interval=120 Count=0 Threshold=0\n"), std::string::npos)
-      << strTrace;
 }
 
 }  // namespace
