@@ -1,6 +1,6 @@
 // Shared helpers of the development host's tests: a private temporary
 // directory per test, environment variables set for the test's duration,
-// file helpers and names for table-driven cases.
+// and file helpers.
 #ifndef KTL_TESTS_DEVHOST_TEST_SUPPORT_H
 #define KTL_TESTS_DEVHOST_TEST_SUPPORT_H
 
@@ -17,8 +17,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "tests/support/case_name.h"
 
 namespace devhost_test {
 
@@ -106,8 +104,6 @@ class DevhostTest : public ::testing::Test {
  private:
   std::vector<std::pair<std::string, std::optional<std::string> > > m_vecSavedEnv;
 };
-
-using ktl_test::CaseName;
 
 }  // namespace devhost_test
 

@@ -53,15 +53,12 @@ const ParallelEdit kParallelEdits[] = {
     {{"-alert", "inf", "-setting", "off"}, "Information=0x10"},
     {{"-alert", "wrn", "-setting", "off"}, "Warning=0x10"},
     {{"-device", "cpu", "-setting", "on", "-interval", "31"}, "Interval=31"},
-    {{"-device", "cpu", "-setting", "on", "-threshold", "71"}, "Threshold=71"},
     {{"-device", "mem", "-setting", "on", "-count", "8"}, "Count=8"},
     {{"-device", "disk", "-setting", "on", "-interval", "33"}, "Interval=33"},
     {{"-mp", "/m1", "-setting", "on"}, "Mount=/m1"},
     {{"-mp", "/m2", "-setting", "on"}, "Mount=/m2"},
     {{"-mp", "/m3", "-setting", "on"}, "Mount=/m3"},
     {{"-mp", "/m4", "-setting", "on", "-threshold", "50"}, "Mount=/m4"},
-    {{"-mp", "/m5", "-setting", "on", "-threshold", "50"}, "Mount=/m5"},
-    {{"-mp", "/m6", "-setting", "on", "-threshold", "50"}, "Mount=/m6"},
 };
 
 TEST_F(LoggerConcurrencyTest, EditsStartedAtOnceAreAllKept) {

@@ -27,8 +27,4 @@ TEST(StringUtilTest, SplitGivesThePiecesBetweenSeparatorsInOrder) {
   }
 }
 
-TEST(StringUtilTest, LowersAsciiLettersOnly) {
-  EXPECT_EQ(CStringUtil::StringToLowerCase("-Confirm CUR /Data_1 \xC3\x84"), "-confirm cur /data_1 \xC3\x84");
-}
-
 }  // namespace
