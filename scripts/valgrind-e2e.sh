@@ -30,7 +30,7 @@ export KTL_CLI_WRAPPER="$valgrind --tool=memcheck --leak-check=full --show-leak-
   --log-file=$log_dir/ktl-cli.%p.log"
 
 # Left out: the kill test stops ktl-cli mid-save on purpose and needs it at
-# native speed; the parallel-edit test runs fifty edits of the forms that the
+# native speed; the parallel-edit test runs 27 edits of the forms that the
 # lifecycle tests already run one by one.
 status=0
 "$build_dir/tests/devhost/devhost_tests" \

@@ -43,14 +43,14 @@ inline pid_t SpawnCli(const std::vector<std::string>& vecWords, const std::strin
   for (std::string& strArg : vecArgs) argv.push_back(&strArg[0]);
   argv.push_back(nullptr);
 
-  const std::string strIn = strFiles.empty() ? "/dev/null" : strFiles + ".in";
-  const std::string strOut = strFiles.empty() ? "/dev/null" : strFiles + ".out";
-  const std::string strErr = strFiles.empty() ? "/dev/null" : strFiles + ".err";
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, strIn.c_str(), O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, strOut.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, strErr.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  const char* const kSuffixes[] = {".in", ".out", ".err"};  // by file descriptor
+  for (int nFd = STDIN_FILENO; nFd <= STDERR_FILENO; ++nFd) {
+    const std::string strFile = strFiles.empty() ? "/dev/null" : strFiles + kSuffixes[nFd];
+    posix_spawn_file_actions_addopen(&actions, nFd, strFile.c_str(), nFd == 0 ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC,
+                                     0600);
+  }
   pid_t pid = -1;
   const int nSpawn = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
   posix_spawn_file_actions_destroy(&actions);

@@ -8,11 +8,10 @@
 #include <stdlib.h>
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <optional>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -55,12 +54,8 @@ inline std::vector<std::string> Names(const std::string& strDir) {
 // The part of a log line after its "YYYY-MM-DDTHH:MM:SS " time stamp, or
 // "<no time stamp>" when it does not start with one.
 inline std::string AfterTimestamp(const std::string& strLine) {
-  const std::string strShape = "dddd-dd-ddTdd:dd:dd ";
-  for (size_t i = 0; i < strShape.size(); ++i) {
-    const char c = i < strLine.size() ? strLine[i] : '\0';
-    if (strShape[i] == 'd' ? std::isdigit(static_cast<unsigned char>(c)) == 0 : c != strShape[i]) return "<no time stamp>";
-  }
-  return strLine.substr(strShape.size());
+  static const std::regex kTimestamp("\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d ");
+  return std::regex_match(strLine.substr(0, 20), kTimestamp) ? strLine.substr(20) : "<no time stamp>";
 }
 
 // A fresh directory for each test, removed with its contents afterwards. The

@@ -5,8 +5,6 @@
 #include <signal.h>
 #include <sys/resource.h>
 
-#include <memory>
-
 #include "tests/devhost/devhost_test_support.h"
 
 namespace {
@@ -14,29 +12,6 @@ namespace {
 using devhost_test::ReadFile;
 
 class IniStoreTest : public devhost_test::DevhostTest {};
-
-// Lowers the file size limit for its lifetime, so that writes past it fail
-// with EFBIG: a write failure that needs no special permissions.
-class CFileSizeLimit {
- public:
-  explicit CFileSizeLimit(rlim_t nBytes) {
-    getrlimit(RLIMIT_FSIZE, &m_saved);
-    m_oldHandler = signal(SIGXFSZ, SIG_IGN);
-    rlimit limited = m_saved;
-    limited.rlim_cur = nBytes;
-    setrlimit(RLIMIT_FSIZE, &limited);
-  }
-  ~CFileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &m_saved);
-    signal(SIGXFSZ, m_oldHandler);
-  }
-  CFileSizeLimit(const CFileSizeLimit&) = delete;
-  CFileSizeLimit& operator=(const CFileSizeLimit&) = delete;
-
- private:
-  rlimit m_saved;
-  sighandler_t m_oldHandler;
-};
 
 TEST_F(IniStoreTest, OnlyEntriesThatReadBackUnchangedAreStorable) {
   const struct {
@@ -81,11 +56,15 @@ TEST_F(IniStoreTest, ReplacementLeavesTheNewOrTheOldFileAndNoTemporaryFile) {
     std::filesystem::create_directories(m_strStateDir);
     if (c.pszOld) devhost_test::WriteFile(StateFile(c.pszOld), strOld);
     std::string strError;
-    bool bReplaced = false;
-    {
-      std::unique_ptr<CFileSizeLimit> limit(c.nSizeLimit ? new CFileSizeLimit(c.nSizeLimit) : nullptr);
-      bReplaced = devhost::WriteFileAtomically(strPath, strNew, strError, c.eFlush);
-    }
+    // Past a lowered file size limit a write fails with EFBIG, a failure
+    // that needs no special permissions.
+    rlimit saved;
+    getrlimit(RLIMIT_FSIZE, &saved);
+    rlimit limited = {c.nSizeLimit ? c.nSizeLimit : saved.rlim_cur, saved.rlim_max};
+    signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &limited);
+    const bool bReplaced = devhost::WriteFileAtomically(strPath, strNew, strError, c.eFlush);
+    setrlimit(RLIMIT_FSIZE, &saved);
     EXPECT_EQ(devhost_test::Names(m_strStateDir), std::vector<std::string>{"conf.ini"}) << c.name;
     if (c.expected) {
       EXPECT_FALSE(bReplaced) << c.name;

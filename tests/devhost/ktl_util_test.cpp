@@ -7,16 +7,16 @@
 
 namespace {
 
-class ExecSystemCmdTest : public devhost_test::DevhostTest {
- protected:
-  void SetUp() override {
-    DevhostTest::SetUp();
-    std::filesystem::create_directories(Path("tmp"));
-    SetEnv("TMPDIR", Path("tmp"));
-  }
-  // Checks that the command's output file is private and under TMPDIR and
-  // returns its text, removing it.
-  std::string Output(const std::string& strPath) {
+class ExecSystemCmdTest : public devhost_test::DevhostTest {};
+
+// The output lands in a private file under TMPDIR. "/bin/mount" runs the
+// configured mount command only as the whole command; the command reads no
+// input.
+TEST_F(ExecSystemCmdTest, CapturesTheOutputOfTheFormattedCommandInAPrivateFile) {
+  std::filesystem::create_directories(Path("tmp"));
+  SetEnv("TMPDIR", Path("tmp"));
+  SetEnv("KTL_MOUNT_CMD", "echo 'tmpfs on /data type tmpfs (rw)'");
+  const auto output = [this](const std::string& strPath) {
     EXPECT_EQ(strPath.rfind(Path("tmp/"), 0), 0u) << strPath;
     struct stat st;
     EXPECT_EQ(stat(strPath.c_str(), &st), 0) << strPath;
@@ -24,17 +24,11 @@ class ExecSystemCmdTest : public devhost_test::DevhostTest {
     const std::string strText = devhost_test::ReadFile(strPath);
     unlink(strPath.c_str());
     return strText;
-  }
-};
-
-// "/bin/mount" runs the configured mount command only as the whole command;
-// the command reads no input.
-TEST_F(ExecSystemCmdTest, CapturesTheOutputOfTheFormattedCommandInAPrivateFile) {
-  SetEnv("KTL_MOUNT_CMD", "echo 'tmpfs on /data type tmpfs (rw)'");
-  EXPECT_EQ(Output(CKtlUtil::ExecSystemCmd("printf '%%s-%%d\\n' %s %d", "word", 42)), "word-42\n");
-  EXPECT_EQ(Output(CKtlUtil::ExecSystemCmd("/bin/mount")), "tmpfs on /data type tmpfs (rw)\n");
-  EXPECT_EQ(Output(CKtlUtil::ExecSystemCmd("echo %s", "/bin/mount")), "/bin/mount\n");
-  EXPECT_EQ(Output(CKtlUtil::ExecSystemCmd("cat")), "");
+  };
+  EXPECT_EQ(output(CKtlUtil::ExecSystemCmd("printf '%%s-%%d\\n' %s %d", "word", 42)), "word-42\n");
+  EXPECT_EQ(output(CKtlUtil::ExecSystemCmd("/bin/mount")), "tmpfs on /data type tmpfs (rw)\n");
+  EXPECT_EQ(output(CKtlUtil::ExecSystemCmd("echo %s", "/bin/mount")), "/bin/mount\n");
+  EXPECT_EQ(output(CKtlUtil::ExecSystemCmd("cat")), "");
 }
 
 }  // namespace

@@ -7,11 +7,10 @@ namespace {
 
 class LoggerConfIniTest : public devhost_test::DevhostTest {
  protected:
-  // Reads the text as a configuration file into the record.
+  // Parses the text of a configuration file into the record.
   bool Read(const std::string& strText, Velmora_LoggerConf& conf, std::string& strError) {
-    devhost_test::WriteFile(Path("conf.ini"), strText);
     devhost::IniTree tree;
-    EXPECT_EQ(devhost::ReadIniFile(Path("conf.ini"), tree, strError), devhost::IniRead::kOk) << strError;
+    EXPECT_TRUE(devhost::ParseIniText(strText, "conf.ini", tree, strError)) << strError;
     return devhost::ConfFromIni(tree, conf, strError);
   }
   // The file the record is written as.

@@ -1,10 +1,14 @@
 // The "logger" command end to end: ktl-cli runs as a separate process, loads
 // the real plug-in and works on a temporary state directory through the
 // whole life of a configuration.
+#include <gmock/gmock.h>
+
 #include "tests/devhost/cli_process.h"
 
 namespace {
 
+using ::testing::HasSubstr;
+using ::testing::Not;
 using devhost_test::CliRun;
 
 class LoggerLifecycleTest : public LoggerCliTest {
@@ -13,13 +17,9 @@ class LoggerLifecycleTest : public LoggerCliTest {
   void Edit(const std::vector<std::string>& vecWords) {
     const CliRun run = Run(vecWords);
     ASSERT_EQ(run.nExitStatus, 0) << run.strErr;
-    EXPECT_NE(run.strOut.find("The change is held in the pending configuration."), std::string::npos) << run.strOut;
+    EXPECT_THAT(run.strOut, HasSubstr("The change is held in the pending configuration."));
   }
 };
-
-bool Contains(const std::string& strText, const std::string& strPart) {
-  return strText.find(strPart) != std::string::npos;
-}
 
 // Edits of every kind are held, confirmed and saved. Declined questions and
 // discards are pinned by the Inquiry, the open question and the plug-in's
@@ -32,17 +32,17 @@ TEST_F(LoggerLifecycleTest, EditsConfirmAndSave) {
   Edit({"-mp", "/backup", "-setting", "off"});
   const CliRun edit = Run({"-confirm", "edit"});
   EXPECT_EQ(edit.nExitStatus, 0);
-  EXPECT_TRUE(Contains(edit.strOut, "/data")) << edit.strOut;
-  EXPECT_FALSE(Contains(Run({"-confirm", "cur"}).strOut, "/data")) << "nothing is in effect before the save";
+  EXPECT_THAT(edit.strOut, HasSubstr("/data"));
+  EXPECT_THAT(Run({"-confirm", "cur"}).strOut, Not(HasSubstr("/data"))) << "nothing is in effect before the save";
 
   const CliRun save = Run({"-save", "-nochk"});
   ASSERT_EQ(save.nExitStatus, 0) << save.strErr;
-  EXPECT_TRUE(Contains(save.strOut, "The pending changes were saved and are now in effect."));
+  EXPECT_THAT(save.strOut, HasSubstr("The pending changes were saved and are now in effect."));
   EXPECT_FALSE(std::filesystem::exists(StateFile("logger.edit.ini")));
   const std::string strEffective = Effective();
   for (const char* pszLine : {"Error=0x10", "Interval=30", "Count=5", "Threshold=70", "Interval=600", "[FSNAME-1]",
                               "Mount=/data", "Threshold=80", "[FSNAME-2]", "Mount=/backup"})
-    EXPECT_TRUE(Contains(strEffective, pszLine)) << pszLine << " in\n" << strEffective;
+    EXPECT_THAT(strEffective, HasSubstr(pszLine));
   EXPECT_EQ(Run({"-confirm", "cur"}).strOut, edit.strOut) << "the saved configuration is the one confirmed";
 }
 

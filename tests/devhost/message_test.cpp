@@ -61,7 +61,6 @@ TEST_F(MessageTest, EveryIdentifierHasATextShownOnTheRightStream) {
 TEST_F(MessageTest, CodesUnknownIdentifiersAndBrokenCataloguesAreExplained) {
   devhost_test::WriteFile(Path("bad.ini"), "[Messages]\nMSG_CLI_ERROR_COMMAND = Bad.\nno equals sign\n");
   const struct {
-    const char* name;
     const char* catalogue;  // nullptr = the shipped one
     const char* id;
     unsigned long ulCode;
@@ -69,20 +68,18 @@ TEST_F(MessageTest, CodesUnknownIdentifiersAndBrokenCataloguesAreExplained) {
     std::string strInOut;  // "" = nothing expected on standard output
     std::string strInErr;
   } cases[] = {
-      {"code in hex", nullptr, "MSG_CLI_ERROR_APPLICATION", 0xFF000001UL, 1, "", " (code 0xFF000001)\n"},
-      {"unknown identifier", nullptr, "MSG_CLI_NO_SUCH_MESSAGE", 0, 1, "", "MSG_CLI_NO_SUCH_MESSAGE"},
-      {"no catalogue, success", "missing.ini", "MSG_CLI_COMPLATE_SAVE", 0, 0, "MSG_CLI_COMPLATE_SAVE",
-       Path("missing.ini")},
-      {"malformed catalogue", "bad.ini", "MSG_CLI_ERROR_COMMAND", 0, 1, "",
-       Path("bad.ini") + " is malformed at line 3"},
+      {nullptr, "MSG_CLI_ERROR_APPLICATION", 0xFF000001UL, 1, "", " (code 0xFF000001)\n"},
+      {nullptr, "MSG_CLI_NO_SUCH_MESSAGE", 0, 1, "", "MSG_CLI_NO_SUCH_MESSAGE"},
+      {"missing.ini", "MSG_CLI_COMPLATE_SAVE", 0, 0, "MSG_CLI_COMPLATE_SAVE", Path("missing.ini")},
+      {"bad.ini", "MSG_CLI_ERROR_COMMAND", 0, 1, "", Path("bad.ini") + " is malformed at line 3"},
   };
   for (const auto& c : cases) {
     if (c.catalogue) SetEnv("KTL_CATALOGUE", Path(c.catalogue));
-    EXPECT_EQ(Show(c.id, c.ulCode), c.nResult) << c.name;
-    EXPECT_NE(m_strOut.find(c.strInOut), std::string::npos) << c.name << ": " << m_strOut;
-    EXPECT_NE(m_strErr.find(c.strInErr), std::string::npos) << c.name << ": " << m_strErr;
+    EXPECT_EQ(Show(c.id, c.ulCode), c.nResult) << c.id;
+    EXPECT_NE(m_strOut.find(c.strInOut), std::string::npos) << c.id << ": " << m_strOut;
+    EXPECT_NE(m_strErr.find(c.strInErr), std::string::npos) << c.id << ": " << m_strErr;
     if (c.catalogue && c.nResult != 0) {
-      EXPECT_NE(m_strErr.find(c.id), std::string::npos) << c.name << ": the error names its message";
+      EXPECT_NE(m_strErr.find(c.id), std::string::npos) << c.id << ": the error names its message";
     }
   }
 }
