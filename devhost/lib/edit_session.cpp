@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
+#include <sstream>
 
 #include "devhost/lib/ini_store.h"
 
@@ -66,26 +67,81 @@ bool hasPendingEdits(const std::string& strPendingFile) {
   return stat(strPendingFile.c_str(), &st) == 0 && st.st_size > 0;
 }
 
+namespace {
+
+// The start time of process nProcessId in clock ticks after boot (the 22nd
+// field of /proc/PID/stat); 0 when it cannot be read. With the id it names
+// one process: an ended process's id is reused sooner or later (after a
+// reboot, most ids are), but not with the same start time.
+unsigned long long ProcessStartTime(int nProcessId) {
+  std::ifstream file("/proc/" + std::to_string(nProcessId) + "/stat");
+  std::string strStat;
+  if (nProcessId < 1 || !std::getline(file, strStat)) return 0;
+  // The second field, the command name in parentheses, may itself hold
+  // blanks and parentheses: the third field follows its last ")".
+  const std::string::size_type nNameEnd = strStat.rfind(')');
+  if (nNameEnd == std::string::npos) return 0;
+  std::istringstream fields(strStat.substr(nNameEnd + 1));
+  std::string strSkipped;
+  for (int nField = 3; nField < 22; ++nField) fields >> strSkipped;
+  unsigned long long nStartTime = 0;
+  return fields >> nStartTime ? nStartTime : 0;
+}
+
+// An owner record: "PID START\n", or "PID\n" when the start time could not
+// be read. nStartTime 0 = not recorded.
+struct COwnerRecord {
+  int nProcessId = 0;
+  unsigned long long nStartTime = 0;
+};
+
+bool ReadOwnerRecord(const std::string& strOwnerFile, COwnerRecord& owner) {
+  std::ifstream file(strOwnerFile);
+  COwnerRecord read;
+  std::string strRest;
+  if (!(file >> read.nProcessId) || read.nProcessId < 1) return false;
+  if (!(file >> read.nStartTime)) {
+    if (!file.eof()) return false;
+    read.nStartTime = 0;
+  } else if (file >> strRest) {
+    return false;
+  }
+  owner = read;
+  return true;
+}
+
+// True while the recorded process runs under its id. When its start time
+// cannot be read now (another user's process under a /proc mounted with
+// hidepid, say), the id alone decides: a live session must not lose its
+// edits to another.
+bool isRunning(const COwnerRecord& owner) {
+  if (!isProcessAlive(owner.nProcessId)) return false;
+  if (owner.nStartTime == 0) return true;
+  const unsigned long long nNow = ProcessStartTime(owner.nProcessId);
+  return nNow == 0 || nNow == owner.nStartTime;
+}
+
+}  // namespace
+
 PendingOwner WhoOwnsPending(const std::string& strPendingFile, const std::string& strOwnerFile, int nSession) {
   if (!hasPendingEdits(strPendingFile)) return PendingOwner::kNone;
-  int nOwner = 0;
-  if (!ReadOwner(strOwnerFile, nOwner)) return PendingOwner::kAbandoned;
-  if (nOwner == nSession) return PendingOwner::kSession;
-  return isProcessAlive(nOwner) ? PendingOwner::kOther : PendingOwner::kAbandoned;
+  COwnerRecord owner;
+  if (!ReadOwnerRecord(strOwnerFile, owner) || !isRunning(owner)) return PendingOwner::kAbandoned;
+  return owner.nProcessId == nSession ? PendingOwner::kSession : PendingOwner::kOther;
 }
 
 bool ReadOwner(const std::string& strOwnerFile, int& nSession) {
-  std::ifstream file(strOwnerFile);
-  int nRead = 0;
-  std::string strRest;
-  if (!(file >> nRead) || (file >> strRest) || nRead < 1) return false;
-  nSession = nRead;
+  COwnerRecord owner;
+  if (!ReadOwnerRecord(strOwnerFile, owner)) return false;
+  nSession = owner.nProcessId;
   return true;
 }
 
 bool WriteOwner(const std::string& strOwnerFile, int nSession, std::string& strError) {
+  std::string strRecord = std::to_string(nSession);
+  if (const unsigned long long nStartTime = ProcessStartTime(nSession)) strRecord += " " + std::to_string(nStartTime);
   // Sessions end with a reboot, so the record need not survive one.
-  return WriteFileAtomically(strOwnerFile, std::to_string(nSession) + "\n", strError, Flush::kNone);
+  return WriteFileAtomically(strOwnerFile, strRecord + "\n", strError, Flush::kNone);
 }
 
 }  // namespace devhost

@@ -2,7 +2,8 @@
 //
 // A session is an operator's shell, named by its process id. The pending
 // configuration belongs to the session that created it; the owner file
-// beside it holds that session's id in decimal. Another session may take the
+// beside it holds that session's id and its start time, in decimal, so that
+// a process that later gets the same id is not taken for the session. Another session may take the
 // pending edits over only once the owner's process has ended, so two shells
 // editing at once cannot mix their edits.
 //
