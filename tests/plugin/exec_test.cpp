@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 
 #include "tests/plugin/plugin_test_support.h"
 
@@ -11,52 +10,38 @@ extern "C" CCommand* GetCommandFactorylogger();
 
 namespace {
 
-const char kEnterExec[] = "4|[ENTER] virtual int CLoggerConfigCmd::Exec(std::string)";
-const char kLeaveExec[] = "4|[LEAVE] virtual int CLoggerConfigCmd::Exec(std::string)";
-
-TEST_F(PluginTest, ConstructionBuildsTheServicesAndClaimsTheSessionDestructionReleasesThem) {
-  scripted::script().nPpid = 31;
-  CCommand* pCmd = GetCommandFactorylogger();
-  EXPECT_EQ(scripted::callNames(),
-            (Lines{"CMessage::CMessage", "CToolServiceLoggerAcc::CToolServiceLoggerAcc", "GetPPID", "initWrite"}));
-  EXPECT_EQ(scripted::callsOf("initWrite")[0].vecArgs[0], "31");
-  EXPECT_TRUE(scripted::traces().empty());
-  scripted::calls().clear();
-  delete pCmd;
-  EXPECT_EQ(scripted::callNames(), (Lines{"CToolServiceLoggerAcc::~CToolServiceLoggerAcc", "CMessage::~CMessage"}));
-}
-
-// A host constructor or initWrite that throws: the exception reaches the
-// caller and nothing leaks (the sanitizer build checks the "nothing").
-TEST_F(PluginTest, AThrowingHostCallDuringConstructionReleasesWhatWasBuilt) {
-  for (const std::string strCall : {"CMessage::CMessage", "CToolServiceLoggerAcc::CToolServiceLoggerAcc", "initWrite"}) {
+// The object claims the edit session for the parent process and releases
+// both services; a host call that throws during construction reaches the
+// caller, and what was built is released (the sanitizer build checks that
+// nothing leaks).
+TEST_F(PluginTest, ConstructionClaimsTheSessionAndReleasesWhatWasBuilt) {
+  for (const std::string strThrowIn : {"", "CMessage::CMessage", "CToolServiceLoggerAcc::CToolServiceLoggerAcc", "initWrite"}) {
     scripted::reset();
-    scripted::script().strThrowIn = strCall;
-    EXPECT_THROW(GetCommandFactorylogger(), std::runtime_error) << strCall;
-    const auto vecNames = scripted::callNames();
-    EXPECT_EQ(std::count(vecNames.begin(), vecNames.end(), "CMessage::~CMessage"), strCall != "CMessage::CMessage") << strCall;
-    EXPECT_EQ(std::count(vecNames.begin(), vecNames.end(), "CToolServiceLoggerAcc::~CToolServiceLoggerAcc"), strCall == "initWrite")
-        << strCall;
+    scripted::script().nPpid = 31;
+    scripted::script().strThrowIn = strThrowIn;
+    if (strThrowIn.empty()) {
+      delete GetCommandFactorylogger();
+    } else {
+      EXPECT_THROW(GetCommandFactorylogger(), std::runtime_error) << strThrowIn;
+    }
+    const bool bAccessorBuilt = strThrowIn.empty() || strThrowIn == "initWrite";
+    const Lines vecNames = scripted::callNames();
+    EXPECT_EQ(std::count(vecNames.begin(), vecNames.end(), "CMessage::~CMessage"), strThrowIn != "CMessage::CMessage") << strThrowIn;
+    EXPECT_EQ(std::count(vecNames.begin(), vecNames.end(), "CToolServiceLoggerAcc::~CToolServiceLoggerAcc"), bAccessorBuilt) << strThrowIn;
+    for (const auto& call : scripted::callsOf("initWrite")) EXPECT_EQ(call.vecArgs, Lines{"31"});
   }
 }
 
-// A command whose selected operation is a probe that records its call.
-class ProbeCmd : public CLoggerConfigCmd {
- public:
-  int Probe() {
-    scripted::calls().push_back({"Probe", {}});
-    return 7;
-  }
-};
-
+// The operation selected is CmdSyslog, whose write fails here: it shows the
+// application error and answers 7.
 struct ExecCase {
   const char* name;
   bool bSelected, bSkipProcessCheck;  // an operation selected; m_bSkipProcessCheck
   int nHostExec;   // CCommand::Exec
   int nInitWrite;  // the answer in Exec; the constructor's, -1, is ignored
-  int nExpected;   // the probe answers 7
+  int nExpected;
   std::string calls;
-  Lines shows;
+  std::string shown;  // the one message shown, "" for none
 };
 KTL_CASE_FIXTURE(ExecPathTest, ExecCase);
 
@@ -64,37 +49,39 @@ TEST_P(ExecPathTest, RunsTheHostStepTheProcessCheckAndTheOperation) {
   const ExecCase& c = GetParam();
   scripted::script().nPpid = 777;
   scripted::script().dqInitWrite = {-1, c.nInitWrite};
-  scripted::script().mapShowResult = {{"MSG_CLI_CHECK_PRCID", 11}, {"MSG_CLI_NOTFOUND_MONITOR_TOOL", 12}, {"MSG_CLI_ERROR_COMMAND", 9}};
-  ProbeCmd cmd;
+  scripted::script().setFailWrite = {"Syslog/Output"};
+  scripted::script().mapShowResult = {{"MSG_CLI_CHECK_PRCID", 11}, {"MSG_CLI_NOTFOUND_MONITOR_TOOL", 12}, {"MSG_CLI_ERROR_COMMAND", 9},
+                                      {"MSG_CLI_ERROR_APPLICATION", 7}};
+  CLoggerConfigCmd cmd;
   cmd.m_bSkipProcessCheck = c.bSkipProcessCheck;
-  if (c.bSelected) pExecMethod = static_cast<LoggerExecMethod>(&ProbeCmd::Probe);
+  if (c.bSelected) pExecMethod = &CLoggerConfigCmd::CmdSyslog;
   scripted::script().nExecResult = c.nHostExec;
   scripted::calls().clear();
 
   EXPECT_EQ(cmd.Exec("logger -x"), c.nExpected);
   EXPECT_EQ(scripted::callNames(), Words(c.calls));
-  EXPECT_EQ(scripted::shows(), c.shows);
-  EXPECT_EQ(scripted::traces(), (Lines{kEnterExec, kLeaveExec}));
-  EXPECT_EQ(scripted::callsOf("CCommand::Exec")[0].vecArgs[0], "logger -x");
+  EXPECT_EQ(scripted::shows(), c.shown.empty() ? Lines{} : Lines{c.shown});
+  EXPECT_EQ(scripted::traces(), (Lines{"4|[ENTER] virtual int CLoggerConfigCmd::Exec(std::string)",
+                                       "4|[LEAVE] virtual int CLoggerConfigCmd::Exec(std::string)"}));
   for (const auto& call : scripted::callsOf("initWrite")) EXPECT_EQ(call.vecArgs[0], "777");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Paths, ExecPathTest,
-    ::testing::Values(ExecCase{"operation result passed on", true, false, 0, 0, 7, "CCommand::Exec GetPPID initWrite Probe", {}},
-                      ExecCase{"host step fails", true, false, -3, 0, 1, "CCommand::Exec", {}},
-                      ExecCase{"host step fails, skip set", true, true, 2, 0, 1, "CCommand::Exec", {}},
-                      ExecCase{"another session", true, false, 0, -1, 11, "CCommand::Exec GetPPID initWrite show", {"MSG_CLI_CHECK_PRCID|0|"}},
-                      ExecCase{"tool not found, even for 176", true, false, 0, 176, 12, "CCommand::Exec GetPPID initWrite show",
-                               {"MSG_CLI_NOTFOUND_MONITOR_TOOL|0|"}},
-                      ExecCase{"skip ignores a refusing service", true, true, 0, -1, 7, "CCommand::Exec Probe", {}},
-                      ExecCase{"no operation selected, no service call", false, false, 0, 0, 9, "CCommand::Exec show", {"MSG_CLI_ERROR_COMMAND|0|"}}),
+    ::testing::Values(
+        ExecCase{"operation result passed on", true, false, 0, 0, 7, "CCommand::Exec GetPPID initWrite WriteString show", kAppError},
+        ExecCase{"host step fails", true, true, -3, 0, 1, "CCommand::Exec", ""},
+        ExecCase{"another session", true, false, 0, -1, 11, "CCommand::Exec GetPPID initWrite show", "MSG_CLI_CHECK_PRCID|0|"},
+        ExecCase{"tool not found, even for 176", true, false, 0, 176, 12, "CCommand::Exec GetPPID initWrite show",
+                 "MSG_CLI_NOTFOUND_MONITOR_TOOL|0|"},
+        ExecCase{"skip ignores a refusing service", true, true, 0, -1, 7, "CCommand::Exec WriteString show", kAppError},
+        ExecCase{"no operation selected", false, false, 0, 0, 9, "CCommand::Exec show", "MSG_CLI_ERROR_COMMAND|0|"}),
     CaseName<ExecCase>);
 
+// Only CheckParam catches exceptions.
 TEST_F(PluginTest, ExecPassesExceptionsOfTheHostThrough) {
   scripted::script().strThrowIn = "CCommand::Exec";
-  ProbeCmd cmd;
-  pExecMethod = static_cast<LoggerExecMethod>(&ProbeCmd::Probe);
+  CLoggerConfigCmd cmd;
   EXPECT_THROW(cmd.Exec(""), std::runtime_error);
 }
 
@@ -102,17 +89,14 @@ TEST_F(PluginTest, ExecPassesExceptionsOfTheHostThrough) {
 // configuration when it can be read, else in the one in effect.
 TEST_F(PluginTest, CheckExecNeedsSyslogOutputOnForSettingCommands) {
   const struct {
-    const char* name;
     int nSettingCmd;
     bool bPendingReadable;
     int nPendingOutput, nEffectiveOutput, nExpected;
     const char *calls, *note;  // note: isSyslogoutputOn's line, nullptr for none
-  } kCases[] = {{"not a setting command", 0, true, 0x10, 0x10, 0, "", nullptr},
-                {"pending on", 1, true, 0x11, 0x10, 0, "ReadConfFile", "ON"},
-                {"pending lacks the switch, effective on", 1, true, 0, 0x11, 21, "ReadConfFile show", "OFF"},
-                {"no pending, effective on", 1, false, 0, 0x11, 0, "ReadConfFile GetParameter", "ON"},
-                {"no pending, effective off", 1, false, 0, 0x10, 21, "ReadConfFile GetParameter show", "OFF"},
-                {"low four bits decide", 1, true, 0x01, 0, 0, "ReadConfFile", "ON"}};
+  } kCases[] = {{0, true, 0x10, 0x10, 0, "", nullptr},
+                {1, true, 0x11, 0x10, 0, "ReadConfFile", "ON"},
+                {1, true, 0, 0x11, 21, "ReadConfFile show", "OFF"},
+                {1, false, 0, 0x11, 0, "ReadConfFile GetParameter", "ON"}};
   for (const auto& c : kCases) {
     scripted::reset();
     CLoggerConfigCmd cmd;
@@ -120,16 +104,15 @@ TEST_F(PluginTest, CheckExecNeedsSyslogOutputOnForSettingCommands) {
     scripted::script().bReadConfFileResult = c.bPendingReadable;
     scripted::script().pending.syslogOutput.nOutput = c.nPendingOutput;
     scripted::script().effective.syslogOutput.nOutput = c.nEffectiveOutput;
-    scripted::script().nGetParameterResult = 176;  // ignored by the check
     scripted::script().mapShowResult["MSG_CLI_NONE_COMMAND"] = 21;
     scripted::calls().clear();
 
-    EXPECT_EQ(cmd.CheckExec(), c.nExpected) << c.name;
-    EXPECT_EQ(scripted::callNames(), Words(c.calls)) << c.name;
+    EXPECT_EQ(cmd.CheckExec(), c.nExpected) << c.calls;
+    EXPECT_EQ(scripted::callNames(), Words(c.calls));
     Lines vecTraces{"4|[ENTER] virtual int CLoggerConfigCmd::CheckExec()"};
     if (c.note) vecTraces.push_back(std::string("1|bool CLoggerConfigCmd::isSyslogoutputOn() SyslogOutput is ") + c.note);
     vecTraces.push_back("4|[LEAVE] virtual int CLoggerConfigCmd::CheckExec(), rc=" + std::to_string(c.nExpected));
-    EXPECT_EQ(scripted::traces(), vecTraces) << c.name;
+    EXPECT_EQ(scripted::traces(), vecTraces) << c.calls;
   }
 }
 
