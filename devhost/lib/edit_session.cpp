@@ -8,8 +8,8 @@
 
 #include <cerrno>
 #include <cstring>
+#include <cstdlib>
 #include <fstream>
-#include <sstream>
 
 #include "devhost/lib/ini_store.h"
 
@@ -74,18 +74,22 @@ namespace {
 // one process: an ended process's id is reused sooner or later (after a
 // reboot, most ids are), but not with the same start time.
 unsigned long long ProcessStartTime(int nProcessId) {
-  std::ifstream file("/proc/" + std::to_string(nProcessId) + "/stat");
-  std::string strStat;
-  if (nProcessId < 1 || !std::getline(file, strStat)) return 0;
+  std::string strStat, strError;
+  if (nProcessId < 1 ||
+      ReadTextFile("/proc/" + std::to_string(nProcessId) + "/stat", strStat, strError) != IniRead::kOk) {
+    return 0;
+  }
   // The second field, the command name in parentheses, may itself hold
   // blanks and parentheses: the third field follows its last ")".
   const std::string::size_type nNameEnd = strStat.rfind(')');
   if (nNameEnd == std::string::npos) return 0;
-  std::istringstream fields(strStat.substr(nNameEnd + 1));
-  std::string strSkipped;
-  for (int nField = 3; nField < 22; ++nField) fields >> strSkipped;
-  unsigned long long nStartTime = 0;
-  return fields >> nStartTime ? nStartTime : 0;
+  const char* pszField = strStat.c_str() + nNameEnd + 1;
+  for (int nField = 3; nField <= 22; ++nField) {
+    pszField = std::strchr(pszField, ' ');
+    if (!pszField) return 0;
+    ++pszField;
+  }
+  return std::strtoull(pszField, nullptr, 10);
 }
 
 // An owner record: "PID START\n", or "PID\n" when the start time could not
