@@ -20,7 +20,7 @@ cache=$build_dir/CMakeCache.txt
 
 cache_value() { sed -n "s/^$1:[A-Z]*=//p" "$cache"; }
 case "$(cache_value KTL_CXX11_ABI)" in
-  OFF|FALSE|0|NO) abi=old ;;
+  OFF|FALSE|0|NO) abi=older ;;
   *) abi=cxx11 ;;
 esac
 sanitize=$(cache_value KTL_SANITIZE)
