@@ -30,7 +30,9 @@ fail() { echo "FAIL: $*"; status=1; }
 
 # readelf's dynamic symbol table: "Num: Value Size Type Bind Vis Ndx Name",
 # where an imported name carries "@VERSION (n)" when a library versions it.
-dynsyms=$(readelf --dyn-syms -W "$module" | awk 'NR > 3 && NF >= 8 {print $7, $8}')
+# Local entries (the section symbols some targets' linkers add) are not
+# visible to the loading process.
+dynsyms=$(readelf --dyn-syms -W "$module" | awk 'NR > 3 && NF >= 8 && $5 != "LOCAL" {print $7, $8}')
 defined=$(awk '$1 != "UND" {print $2}' <<<"$dynsyms" | sort -u)
 undefined=$(awk '$1 == "UND" {print $2}' <<<"$dynsyms" | sort -u)
 # Unversioned imports come from the loading process, the host; versioned
@@ -72,9 +74,11 @@ done
 
 echo "== highest symbol versions required"
 versions=$(readelf -V -W "$module" | sed -n 's/.*Name: \([A-Z_]*[0-9][0-9.]*\) .*Flags.*/\1/p')
-for family in GLIBCXX CXXABI GLIBC; do
+# ARM's EABI adds a CXXABI_ARM family beside CXXABI.
+for family in GLIBCXX CXXABI CXXABI_ARM GLIBC; do
   highest=$(grep -E "^${family}_[0-9]" <<<"$versions" | sort -V | tail -n 1 || true)
-  echo "$family: ${highest:-(none)}"
+  [ -n "$highest" ] || [ "$family" = CXXABI_ARM ] || highest="(none)"
+  [ -z "$highest" ] || echo "$family: $highest"
 done
 
 echo "== std::string ABI (the build asked for the ${abi/cxx11/C++11} one)"
