@@ -5,8 +5,8 @@
 #include <cerrno>
 #include <iostream>
 
-#include "devhost/lib/command_lock.h"
-#include "devhost/lib/message_catalogue.h"
+#include "devhost/files/command_lock.h"
+#include "devhost/messages/message_catalogue.h"
 #include "host/message.h"
 #include "host/string_util.h"
 
