@@ -56,6 +56,9 @@ bool CMessage::Inquiry(std::string strMsgId, int /*nDefault*/) {
       std::cout << std::endl << "No answer: nothing was done." << std::endl;
       return false;
     }
+    // An answer that does not come from a terminal was not echoed by one:
+    // show it, so that a scripted session reads as it would typed.
+    if (!isatty(STDIN_FILENO)) std::cout << strAnswer << std::endl;
     strAnswer = CStringUtil::StringToLowerCase(Trimmed(strAnswer));
     if (strAnswer == "y" || strAnswer == "yes") return true;
     if (strAnswer == "n" || strAnswer == "no") return false;
