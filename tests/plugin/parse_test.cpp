@@ -173,4 +173,19 @@ TEST_F(PluginTest, CheckParamTracesAnExceptionAndAnswers241) {
   }
 }
 
+// The exit trace of an accepted form is a step under the handler too: when
+// writing it throws, the level-8 trace and the exit trace follow.
+TEST_F(PluginTest, CheckParamCatchesAnExceptionFromItsExitTrace) {
+  for (const char* pszLine : {"-syslogoutput on", "-confirm", "-discard", "-save -nochk"}) {
+    scripted::reset();
+    CLoggerConfigCmd cmd;
+    scripted::script().strThrowOnTrace = kLeave.substr(2);
+    EXPECT_EQ(cmd.CheckParam(Words(pszLine)), 241) << pszLine;
+    const Lines vecTraces = scripted::traces();
+    ASSERT_GE(vecTraces.size(), 2u) << pszLine;
+    EXPECT_EQ(vecTraces.end()[-2], "8|" + kSig + " Exception Information:scripted failure in WriteDebug") << pszLine;
+    EXPECT_EQ(vecTraces.back(), kLeave) << pszLine;
+  }
+}
+
 }  // namespace
