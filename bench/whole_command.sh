@@ -4,12 +4,12 @@
 # run so that the ratios share the machine's load. "ktl-cli --help" runs
 # beside them: the start of ktl-cli and the C++ runtime without any command,
 # the floor under every command.
-#   bench/whole_command.sh [BUILD_DIR]      (default: build-bench, a Release build)
+#   bench/whole_command.sh [BUILD_DIR]      (default: build-bench, the "bench" preset)
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 build_dir=$(cd "${1:-$top/build-bench}" && pwd)
 cli="$build_dir/devhost/ktl-cli"
-[ -x "$cli" ] || { echo "whole_command: no $cli; build with KTL_BUILD_BENCH=ON first (bench/README.md)" >&2; exit 1; }
+[ -x "$cli" ] || { echo "whole_command: no $cli; build the "bench" preset first (bench/README.md)" >&2; exit 1; }
 for tool in hyperfine crudini; do
   command -v "$tool" >/dev/null || { echo "whole_command: $tool is missing; run scripts/setup.sh" >&2; exit 1; }
 done
