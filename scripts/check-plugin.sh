@@ -54,8 +54,11 @@ host_demangled=$(c++filt <<<"$host_imports")
 echo "$host_demangled"
 # The host interfaces of the binary contract, their vtables and typeinfo.
 contract='^((vtable|typeinfo|typeinfo name) for )?(C(Command|CommandParam|Message|ToolServiceLoggerAcc|TempleteContext|TemplateEngine|StringUtil|KtlUtil|TraceUtility)(::|$)|GetPrivateProfileIntA$)'
+# A sanitizer build binds the C and C++ runtime functions that the sanitizer
+# runtimes intercept (memcmp, operator new, ...) to their unversioned
+# definitions there.
 if [ "$sanitize" = ON ]; then
-  contract="$contract|^__(asan|ubsan|sanitizer|lsan)_"
+  contract="$contract|^__(asan|ubsan|sanitizer|lsan)_|^operator (new|delete)(\[\])?\(|^__cxa_|^[A-Za-z_][A-Za-z0-9_]*$"
 fi
 unexpected=$(grep -vE "$contract" <<<"$host_demangled" || true)
 [ -z "$unexpected" ] || fail "imports that no host interface provides (undefined in the module):
