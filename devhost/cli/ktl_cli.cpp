@@ -11,8 +11,6 @@
 // state directory (devhost/files/command_lock.h).
 #include <dlfcn.h>
 
-#include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <exception>
 #include <iomanip>
@@ -21,6 +19,7 @@
 #include <string>
 #include <vector>
 
+#include "devhost/cli/standard_output.h"
 #include "devhost/command/audit_log.h"
 #include "devhost/files/command_lock.h"
 #include "devhost/command/current_command.h"
@@ -143,13 +142,14 @@ int RunCommand(CCommand& command, const std::vector<std::string>& vecWords, cons
   return kExitSuccess;
 }
 
+devhost::CStandardOutputBuffer g_standardOutput;
+
 // Output that could not be written fails the command: a script reading it
 // would otherwise take a cut-off report for a whole one.
 int CheckStandardOutput(int nStatus) {
-  errno = 0;
   std::cout.flush();
-  if (std::cout.good() && std::fflush(stdout) == 0 && !std::ferror(stdout)) return nStatus;
-  const int nErrno = errno;
+  const int nErrno = g_standardOutput.ErrorNumber();
+  if (std::cout.good() && nErrno == 0) return nStatus;
   std::cerr << "ktl-cli: cannot write the command's output to standard output"
             << (nErrno != 0 ? std::string(": ") + std::strerror(nErrno) : std::string()) << std::endl;
   return nStatus == kExitSuccess ? kExitCommandFailed : nStatus;
@@ -170,6 +170,7 @@ int FinishCommand(int nStatus) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::cout.rdbuf(&g_standardOutput);
   if (argc < 2) {
     PrintUsage(std::cerr);
     return kExitUsage;
