@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <cstdlib>
-#include <fstream>
+#include <sstream>
 #include <iostream>
 
 #include "devhost/files/ini_store.h"
@@ -96,7 +96,9 @@ struct COwnerRecord {
 };
 
 bool ReadOwnerRecord(const std::string& strOwnerFile, COwnerRecord& owner) {
-  std::ifstream file(strOwnerFile);
+  std::string strText, strError;
+  if (ReadTextFile(strOwnerFile, strText, strError) != IniRead::kOk) return false;
+  std::istringstream file(strText);
   COwnerRecord read;
   std::string strRest;
   if (!(file >> read.nProcessId) || read.nProcessId < 1) return false;
