@@ -94,7 +94,8 @@ IniRead ReadTextFile(const std::string& strPath, std::string& strContent, std::s
   // The host's own files must be the caller's; shipped files are taken as
   // installed (a developer's checkout may well be group-writable).
   const bool bStateFile = DirectoryOf(strPath) == StateDir();
-  const int nFd = bStateFile ? OpenTrusted(strPath, O_RDONLY, 0, strError) : OpenNoFollow(strPath, O_RDONLY, 0, strError);
+  const int nFd =
+      bStateFile ? OpenTrusted(strPath, O_RDONLY, 0, strError) : OpenNoFollow(strPath, O_RDONLY, 0, strError);
   if (nFd < 0) {
     if (errno == ENOENT) return IniRead::kMissing;
     return IniRead::kError;

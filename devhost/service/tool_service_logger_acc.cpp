@@ -8,8 +8,10 @@
 //
 // The tool counts as installed when the configuration in effect or the
 // shipped default exists; on first use the configuration in effect is
-// created from the default. Failures other than "not installed" are
-// explained on standard error, naming the file concerned.
+// created from the default. A failure of these files stops the command with
+// a devhost::CServiceFailure naming the file concerned; "not installed", a
+// session's edits held by another and a value that cannot be stored are
+// answers, explained on standard error.
 #include "host/tool_service_logger_acc.h"
 
 #include <unistd.h>
