@@ -170,7 +170,7 @@ int FinishCommand(int nStatus) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::cout.rdbuf(&g_standardOutput);
+  g_standardOutput.Install();
   if (argc < 2) {
     PrintUsage(std::cerr);
     return kExitUsage;

@@ -3,12 +3,18 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <iostream>
 
 namespace devhost {
 
 CStandardOutputBuffer::CStandardOutputBuffer() { setp(m_buffer, m_buffer + sizeof m_buffer); }
 
-CStandardOutputBuffer::~CStandardOutputBuffer() { Flush(); }
+CStandardOutputBuffer::~CStandardOutputBuffer() {
+  Flush();
+  if (std::cout.rdbuf() == this) std::cout.rdbuf(m_pOriginal);
+}
+
+void CStandardOutputBuffer::Install() { m_pOriginal = std::cout.rdbuf(this); }
 
 CStandardOutputBuffer::int_type CStandardOutputBuffer::overflow(int_type c) {
   if (!Flush()) return traits_type::eof();

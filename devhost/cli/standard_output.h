@@ -13,8 +13,12 @@ namespace devhost {
 class CStandardOutputBuffer : public std::streambuf {
  public:
   CStandardOutputBuffer();
-  // Flushes what is left.
+  // Flushes what is left and gives std::cout its own buffer back, which
+  // the C++ runtime flushes once more after every global object is gone.
   ~CStandardOutputBuffer() override;
+
+  // Makes this the buffer of std::cout.
+  void Install();
 
   // errno of the first failed write; 0 while every write succeeded.
   int ErrorNumber() const { return m_nErrno; }
@@ -26,6 +30,7 @@ class CStandardOutputBuffer : public std::streambuf {
  private:
   bool Flush();
 
+  std::streambuf* m_pOriginal = nullptr;
   char m_buffer[4096];
   int m_nErrno = 0;
 };

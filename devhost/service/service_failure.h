@@ -7,6 +7,9 @@
 // cause, such as "the logging tool was not found" for an unreadable lock or
 // "syslog output is off" for a malformed configuration. The plug-in lets the
 // host's exceptions pass.
+//
+// Its type information stays out of libktl_host's exported symbols, which
+// are the host's binary interface: a catch elsewhere matches it by name.
 #ifndef KTL_DEVHOST_SERVICE_FAILURE_H
 #define KTL_DEVHOST_SERVICE_FAILURE_H
 
@@ -15,7 +18,7 @@
 
 namespace devhost {
 
-class CServiceFailure : public std::runtime_error {
+class __attribute__((visibility("hidden"))) CServiceFailure : public std::runtime_error {
  public:
   explicit CServiceFailure(const std::string& strMessage) : std::runtime_error(strMessage) {}
 };
