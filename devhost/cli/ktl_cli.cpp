@@ -21,6 +21,7 @@
 #include "devhost/files/command_lock.h"
 #include "devhost/command/current_command.h"
 #include "devhost/files/paths.h"
+#include "devhost/service/pending_edits.h"
 #include "host/command.h"
 #include "host/trace_utility.h"
 
@@ -181,7 +182,8 @@ int main(int argc, char** argv) {
       std::cerr << "ktl-cli: the factory " << strFactory << " created no command" << std::endl;
       return kExitPluginUnavailable;
     }
-    return RunCommand(*pCommand, vecWords, strCommandLine);
+    const int nExit = RunCommand(*pCommand, vecWords, strCommandLine);
+    return devhost::CommitPendingEdits() ? nExit : kExitCommandFailed;
   } catch (const std::exception& e) {
     std::cerr << "ktl-cli: the command \"" << strCommand << "\" stopped on an unexpected error: " << e.what()
               << std::endl;

@@ -5,12 +5,15 @@
 
 #include <cerrno>
 
+#include "devhost/files/fault_injection.h"
+
 namespace devhost {
 
 bool AppendToFile(const std::string& strPath, const std::string& strText) {
   const int fd = open(strPath.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
   if (fd < 0) return false;
   ssize_t nWritten;
+  BeforeFileChange();
   do {
     nWritten = write(fd, strText.data(), strText.size());
   } while (nWritten < 0 && errno == EINTR);

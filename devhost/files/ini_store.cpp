@@ -12,6 +12,8 @@
 #include <sstream>
 #include <vector>
 
+#include "devhost/files/fault_injection.h"
+
 namespace devhost {
 namespace {
 
@@ -42,6 +44,7 @@ bool WriteAll(int nFd, const std::string& strContent) {
   const char* pCursor = strContent.data();
   std::size_t nLeft = strContent.size();
   while (nLeft > 0) {
+    BeforeFileChange();
     const ssize_t nWritten = write(nFd, pCursor, nLeft);
     if (nWritten < 0) {
       if (errno == EINTR) continue;
@@ -75,6 +78,7 @@ void SyncDirectory(const std::string& strDir) {
 // swap, and a target that is not an existing regular file (a directory must
 // stay where it is), get the plain rename.
 bool Replace(const std::string& strTemp, const std::string& strPath, Flush eFlush, bool& bTempHoldsOld) {
+  BeforeFileChange();
   struct stat st;
   if (eFlush == Flush::kNone && lstat(strPath.c_str(), &st) == 0 && S_ISREG(st.st_mode) &&
       renameat2(AT_FDCWD, strTemp.c_str(), AT_FDCWD, strPath.c_str(), RENAME_EXCHANGE) == 0) {
@@ -152,6 +156,7 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
   std::string strTemplate = strPath + ".tmp.XXXXXX";
   std::vector<char> tempName(strTemplate.begin(), strTemplate.end());
   tempName.push_back('\0');
+  BeforeFileChange();
   const int nFd = mkostemp(tempName.data(), O_CLOEXEC);
   if (nFd < 0) {
     strError = "cannot replace " + strPath + ": cannot create a temporary file: " + ErrnoText(errno);
@@ -179,7 +184,10 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
     pszFailedStep = "cannot rename the temporary file over it";
     nErrno = errno;
   }
-  if (pszFailedStep || bTempHoldsOld) unlink(strTemp.c_str());
+  if (pszFailedStep || bTempHoldsOld) {
+    BeforeFileChange();
+    unlink(strTemp.c_str());
+  }
   if (pszFailedStep) {
     strError = "cannot replace " + strPath + ": " + pszFailedStep + ": " + ErrnoText(nErrno);
     return false;
@@ -189,6 +197,7 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
 }
 
 bool RemoveFile(const std::string& strPath, std::string& strError) {
+  BeforeFileChange();
   if (unlink(strPath.c_str()) != 0) {
     if (errno == ENOENT) return true;
     strError = "cannot remove " + strPath + ": " + ErrnoText(errno);

@@ -49,4 +49,6 @@ unsigned TraceMask() {
 
 std::string TempDir() { return EnvOr("TMPDIR", "/tmp"); }
 
+unsigned long FaultKillAt() { return std::strtoul(Env("KTL_FAULT_KILL_AT").c_str(), nullptr, 10); }
+
 }  // namespace devhost

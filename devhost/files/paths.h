@@ -16,6 +16,8 @@
 //   KTL_TRACE_MASK     the enabled trace levels as a bit mask (1|2|4|8|16);
 //                      default 0, tracing off
 //   TMPDIR             where command output files are created; default /tmp
+//   KTL_FAULT_KILL_AT  for tests only: kill the process before its N-th file
+//                      change (devhost/files/fault_injection.h); default 0, off
 #ifndef KTL_DEVHOST_PATHS_H
 #define KTL_DEVHOST_PATHS_H
 
@@ -34,6 +36,7 @@ std::string MountCommand();
 std::string TraceFile();
 unsigned TraceMask();
 std::string TempDir();
+unsigned long FaultKillAt();
 
 }  // namespace devhost
 
