@@ -52,7 +52,7 @@ TEST_F(CommandExecTest, AppendsOneAuditLinePerCommandOrFailsNamingTheLog) {
   CGroupingProbe command;
   ASSERT_EQ(command.Exec("logger -confirm cur"), 0);
   ASSERT_EQ(command.Exec("logger -mp /data\n-save"), 0);
-  const std::string strSession = "session=" + std::to_string(getppid());
+  const std::string strSession = "session=" + std::to_string(getsid(0));
   const std::vector<std::string> vecLines = devhost_test::Lines(devhost_test::ReadFile(Path("new/state/audit.log")));
   ASSERT_EQ(vecLines.size(), 2u);
   EXPECT_EQ(devhost_test::AfterTimestamp(vecLines[0]), strSession + " logger -confirm cur");
