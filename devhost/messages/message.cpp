@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "devhost/messages/message_catalogue.h"
+#include "devhost/service/pending_edits.h"
 
 namespace {
 
@@ -41,6 +42,10 @@ int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strEx
     std::cout << strText << std::endl;
     return kInformationShown;
   }
+  // Once the service has said why the command fails (naming the file), the
+  // plug-in's error ("the service failed", "syslog output is off" read from
+  // a refused file) would only hide the reason.
+  if (devhost::CPendingEdits::OfThisCommand().hasFailed()) return kErrorShownResult;
   std::cerr << "Error: " << strText;
   if (ulCode != 0) std::cerr << " (code " << HexCode(ulCode) << ")";
   std::cerr << std::endl;
