@@ -290,14 +290,14 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
   const int nSession = state.bHasSession ? state.nSession : devhost::CurrentSession();
 
   const CStateFiles files;
+  devhost::CStateLock lock;
+  if (OpenState(files, lock) != kStatusOk) return false;
   std::string strError;
   if (!devhost::isStorableIniEntry(strSection, strKey, strValue, strError) ||
       !devhost::CheckEdit(strSection, strKey, strValue, strError)) {
     Report(files.strPending + ": " + strError);
     return false;
   }
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
   if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {
     Report("cannot change " + files.strPending + ": the pending changes belong to " + OwnerText());
     return false;
