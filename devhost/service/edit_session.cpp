@@ -54,8 +54,6 @@ void CStateLock::Relock() {
   if (m_nFd >= 0) LockExclusively(m_nFd);
 }
 
-int CurrentSession() { return static_cast<int>(getsid(0)); }
-
 namespace {
 
 const char kSessionSection[] = "EditSession";
@@ -69,27 +67,43 @@ bool isProcessAlive(int nProcessId) {
   return kill(nProcessId, 0) == 0 || errno == EPERM;
 }
 
-// The start time of process nProcessId in clock ticks after boot (the 22nd
-// field of /proc/PID/stat); 0 when it cannot be read. With the id it names
-// one process: an ended process's id is reused sooner or later (after a
-// reboot, most ids are), but not with the same start time.
-unsigned long long ProcessStartTime(int nProcessId) {
+// What /proc/PID/stat tells of a process: its command name (the executable's
+// file name, at most 15 bytes), its parent and its start time in clock ticks
+// after boot. With the id, the start time names one process: an ended
+// process's id is reused sooner or later (after a reboot, most ids are), but
+// not with the same start time. False when the process cannot be read.
+struct CProcessStat {
+  std::string strName;
+  int nParent = 0;
+  unsigned long long nStartTime = 0;
+};
+
+bool ReadProcessStat(int nProcessId, CProcessStat& stat) {
   std::string strStat, strError;
   if (nProcessId < 1 ||
       ReadTextFile("/proc/" + std::to_string(nProcessId) + "/stat", strStat, strError) != IniRead::kOk) {
-    return 0;
+    return false;
   }
   // The second field, the command name in parentheses, may itself hold
   // blanks and parentheses: the third field follows its last ")".
+  const std::string::size_type nNameStart = strStat.find('(');
   const std::string::size_type nNameEnd = strStat.rfind(')');
-  if (nNameEnd == std::string::npos) return 0;
+  if (nNameStart == std::string::npos || nNameEnd == std::string::npos || nNameEnd < nNameStart) return false;
+  stat.strName = strStat.substr(nNameStart + 1, nNameEnd - nNameStart - 1);
   const char* pszField = strStat.c_str() + nNameEnd + 1;
   for (int nField = 3; nField <= 22; ++nField) {
     pszField = std::strchr(pszField, ' ');
-    if (!pszField) return 0;
+    if (!pszField) return false;
     ++pszField;
+    if (nField == 4) stat.nParent = std::atoi(pszField);
   }
-  return std::strtoull(pszField, nullptr, 10);
+  stat.nStartTime = std::strtoull(pszField, nullptr, 10);
+  return true;
+}
+
+unsigned long long ProcessStartTime(int nProcessId) {
+  CProcessStat stat;
+  return ReadProcessStat(nProcessId, stat) ? stat.nStartTime : 0;
 }
 
 // The whole of strText as a decimal number; false when it is not one.
@@ -102,6 +116,20 @@ bool ParseDecimal(const std::string* pText, unsigned long long& nValue) {
 }
 
 }  // namespace
+
+// sudo set to run its command on a terminal of its own (use_pty, Debian's
+// default) makes a session for it, led by a sudo process; the operator's
+// session is the one that sudo was started from.
+int CurrentSession() {
+  int nSession = static_cast<int>(getsid(0));
+  CProcessStat leader;
+  while (ReadProcessStat(nSession, leader) && leader.strName == "sudo") {
+    const int nOuter = static_cast<int>(getsid(leader.nParent));
+    if (nOuter < 1 || nOuter == nSession) break;
+    nSession = nOuter;
+  }
+  return nSession;
+}
 
 CSessionRecord RecordOfSession(int nSession) {
   CSessionRecord record;

@@ -2,9 +2,10 @@
 //
 // A session is the operator's terminal session: the POSIX session of the
 // process (getsid), named by the process id of its leader, usually the login
-// shell. Wrappers (sudo, timeout), subshells, pipelines and an interactive
-// ktl-cli all run inside the session that started them, and two terminals
-// are two sessions. The pending configuration records the session that owns
+// shell. Wrappers (timeout, sudo, even when it gives its command a terminal
+// and a session of its own), subshells, pipelines and an interactive ktl-cli
+// all run inside the session that started them, and two terminals are two
+// sessions. The pending configuration records the session that owns
 // it with its leader's start time, so that a process that later gets the
 // same id is not taken for the session. A session stays the owner while its
 // leader runs; after that, another session may take the edits over.
@@ -43,7 +44,8 @@ class CStateLock {
   int m_nFd = -1;
 };
 
-// The session of this process: the process id of its session leader.
+// The session of this process: the process id of its session leader, or,
+// when that leader is sudo's, the session sudo was started from.
 int CurrentSession();
 
 // The owner of pending edits as the pending configuration records it.

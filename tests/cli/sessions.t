@@ -15,6 +15,14 @@ session). Wrappers, subshells and pipelines of this shell are this session;
       Warning alerts        : Off
     Memory usage monitor    : Off
 
+sudo may give its command a terminal and a session of its own, led by a
+sudo process: that command is still of the session sudo was started from
+(here a shell named sudo stands in for it).
+
+  $ ln -s /bin/sh sudo
+  $ setsid -w ./sudo -c 'ktl-cli logger -alert inf -setting off; true'
+  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+
 Another session may look, but neither edit, save nor discard; the discard
 names the owner.
 
