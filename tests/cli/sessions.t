@@ -58,8 +58,9 @@ A save whose pending changes are discarded while its question is open says
 so, and saves nothing. The discard runs once the save has asked; the answer
 comes once the pending file is gone.
 
-  $ { while [ -e $state/logger.edit.ini ]; do sleep 0.1; done; echo y; } | ktl-cli logger -save > save.out 2>&1 &
-  $ until grep -q 'y/n' save.out 2>/dev/null; do sleep 0.1; done
+  $ waitfor() { for i in $(seq 600); do eval "$1" && return; sleep 0.1; done; echo "timed out: $1"; }
+  $ { waitfor "[ ! -e $state/logger.edit.ini ]"; echo y; } | ktl-cli logger -save > save.out 2>&1 &
+  $ waitfor "grep -q y/n save.out 2>/dev/null"
   $ ktl-cli logger -discard -nochk
   The pending changes were discarded.
   $ wait; cat save.out
