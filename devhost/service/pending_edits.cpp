@@ -61,7 +61,7 @@ void CPendingEdits::Remove() {
 
 bool CPendingEdits::Commit(const std::string& strLockFile, std::string& strError) {
   const CPendingEdits edits = *this;
-  Reset();
+  Forget();
   if (edits.m_eChange == Change::kNone) return !edits.m_bFailed;
   if (edits.m_bFailed) {
     strError = edits.m_strPath + " was left as it was";

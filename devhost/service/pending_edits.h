@@ -61,6 +61,9 @@ class CPendingEdits {
   void Fail() { m_bFailed = true; }
   bool hasFailed() const { return m_bFailed; }
 
+  // Drops the view and any change of it, as at the start of a command.
+  void Forget() { *this = CPendingEdits(); }
+
   // Writes the view's change, if any, while holding strLockFile. True when
   // there was nothing to write or it was written; otherwise false, with
   // strError naming the file and the reason. Forgets the view either way.
@@ -68,8 +71,6 @@ class CPendingEdits {
 
  private:
   enum class Change { kNone, kReplace, kRemove };
-
-  void Reset() { *this = CPendingEdits(); }
 
   std::string m_strPath;
   IniRead m_eDiskRead = IniRead::kMissing;

@@ -185,7 +185,9 @@ bool CommitPendingEdits() {
 
 }  // namespace devhost
 
-CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(new CLoggerServiceState) {}
+// A command starts from the files as they are: what an earlier command of
+// this process left uncommitted (it stopped on an exception) is forgotten.
+CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(new CLoggerServiceState) { Pending().Forget(); }
 
 CToolServiceLoggerAcc::~CToolServiceLoggerAcc() { delete static_cast<CLoggerServiceState*>(m_pState); }
 
