@@ -24,7 +24,7 @@
 #include "devhost/files/command_lock.h"
 #include "devhost/command/current_command.h"
 #include "devhost/files/paths.h"
-#include "devhost/service/service_failure.h"
+#include "devhost/service/pending_edits.h"
 #include "host/command.h"
 #include "host/trace_utility.h"
 
@@ -217,12 +217,12 @@ int main(int argc, char** argv) {
       std::cerr << "ktl-cli: the factory " << strFactory << " created no command" << std::endl;
       return kExitPluginUnavailable;
     }
-    const int nStatus = RunCommand(*pCommand, vecWords, strCommandLine);
+    int nStatus = RunCommand(*pCommand, vecWords, strCommandLine);
+    // The pending edits of a command that succeeded are written once, after
+    // Exec, so that a command killed midway leaves them as they were.
+    if (nStatus == kExitSuccess && !devhost::CommitPendingEdits()) nStatus = kExitCommandFailed;
     pCommand.reset();
     return FinishCommand(nStatus);
-  } catch (const devhost::CServiceFailure& e) {
-    std::cerr << "ktl-cli: " << e.what() << std::endl;
-    return FinishCommand(kExitCommandFailed);
   } catch (const std::exception& e) {
     std::cerr << "ktl-cli: the command \"" << strCommand << "\" stopped on an unexpected error: " << e.what()
               << std::endl;
