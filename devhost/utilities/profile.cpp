@@ -10,6 +10,8 @@
 // The default is returned for a missing or unreadable file, a missing section
 // or key, and an empty value. A malformed file is reported once per process
 // on standard error, naming the file and line, and gives the defaults.
+// Every value served is noted for the reasons of a refusal
+// (devhost/utilities/refusal_reasons.h).
 #include "host/profile.h"
 
 #include <boost/property_tree/ini_parser.hpp>
@@ -21,6 +23,7 @@
 #include <string>
 
 #include "devhost/files/paths.h"
+#include "devhost/utilities/refusal_reasons.h"
 
 namespace {
 
@@ -64,11 +67,7 @@ bool ReadIniFile(const std::string& strFile, CaseInsensitiveTree& tree) {
   return true;
 }
 
-}  // namespace
-
-extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey, int nDefault,
-                                     const char* pszFileName) {
-  if (pszSection == nullptr || pszKey == nullptr || pszFileName == nullptr) return nDefault;
+int ReadProfileInt(const char* pszSection, const char* pszKey, int nDefault, const char* pszFileName) {
   try {
     CaseInsensitiveTree tree;
     const std::string strFile = pszFileName[0] == '/' ? devhost::UnderRoot(pszFileName) : pszFileName;
@@ -80,7 +79,21 @@ extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey,
     if (key == section->second.not_found() || key->second.data().empty()) return nDefault;
     return ParseProfileInt(key->second.data());
   } catch (...) {
-    // A C function: nothing may escape it.
+    // Served from a C function: nothing may escape it.
     return nDefault;
   }
+}
+
+}  // namespace
+
+extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey, int nDefault,
+                                     const char* pszFileName) {
+  if (pszSection == nullptr || pszKey == nullptr || pszFileName == nullptr) return nDefault;
+  const int nValue = ReadProfileInt(pszSection, pszKey, nDefault, pszFileName);
+  try {
+    devhost::NoteLimitRead(pszSection, pszKey, pszFileName, nValue);
+  } catch (...) {
+    // The value stands even when it cannot be noted.
+  }
+  return nValue;
 }

@@ -1,0 +1,23 @@
+// `ktl-cli help` and `ktl-cli help COMMAND`, from the installed commands and
+// their descriptions (command_description.h).
+#ifndef KTL_DEVHOST_HELP_HELP_TEXT_H
+#define KTL_DEVHOST_HELP_HELP_TEXT_H
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace devhost {
+
+// With no topic: the installed commands, a line each. With a command name:
+// its forms, options, value sets and the limits in force. Returns 0, or 2
+// after saying on err that the topic is no installed command or that its
+// description cannot be read.
+int ShowHelp(const std::vector<std::string>& vecTopics, std::ostream& out, std::ostream& err);
+
+// One form as typed: "logger -alert inf|wrn|err -setting on|off".
+std::string FormSynopsis(const std::string& strCommand, const struct CFormDescription& form);
+
+}  // namespace devhost
+
+#endif
