@@ -94,6 +94,12 @@ int RunWords(const std::vector<std::string>& vecWords) {
   }
   if (strCommand == "help") return devhost::ShowHelp(vecRest, std::cout, std::cerr);
   if (strCommand == "--complete") return PrintCompletions(vecRest);
+  // "COMMAND -h" is what a newcomer types first: the command's help, not a
+  // refusal of an unknown option.
+  if (vecRest.size() == 1 && (vecRest.front() == "-h" || vecRest.front() == "--help") &&
+      devhost::isValidCommandName(strCommand)) {
+    return devhost::ShowHelp({strCommand}, std::cout, std::cerr);
+  }
   if (!devhost::isValidCommandName(strCommand)) {
     std::cerr << "ktl-cli: not a command name: " << strCommand << " (see ktl-cli --help)" << std::endl;
     return kExitUsage;

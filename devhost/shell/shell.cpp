@@ -126,7 +126,9 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
       continue;
     }
     if (nArgc == 0) continue;
-    history(historyList.get(), &event, H_ENTER, pszLine);
+    std::string strEntry = pszLine;
+    if (!strEntry.empty() && strEntry.back() == '\n') strEntry.pop_back();
+    history(historyList.get(), &event, H_ENTER, strEntry.c_str());
     if (!strHistory.empty()) history(historyList.get(), &event, H_SAVE, strHistory.c_str());
     const std::vector<std::string> vecWords(ppszArgv, ppszArgv + nArgc);
     if (vecWords.size() == 1 && vecWords.front() == kExitWord) break;
