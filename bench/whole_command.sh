@@ -30,6 +30,13 @@ cp "$KTL_DEFAULT_CONF" "$work/crudini.ini"
 
 # hyperfine starts the commands itself (--shell=none): ktl-cli's edit session
 # belongs to its parent process, so every run is the same session's edit.
+# A one-shot command must not load the shell's line-editing library: only
+# `ktl-cli` alone on a terminal loads libktl_shell.so and with it libedit.
+echo "libraries that ktl-cli links:  $(ldd "$cli" | awk '{print $1}' | tr '\n' ' ')"
+loaded=$(LD_DEBUG=files "$cli" logger -confirm cur 2>&1 >/dev/null | grep -c 'file=.*libedit' || true)
+echo "libedit loaded by a one-shot command: $loaded time(s)"
+[ "$loaded" -eq 0 ] || { echo "whole_command: a one-shot command loaded libedit" >&2; exit 1; }
+
 hyperfine --shell=none --warmup 20 --min-runs 300 --export-json "$work/runs.json" \
   -n ktl-cli "$cli logger -syslogoutput on" \
   -n crudini "crudini --set $work/crudini.ini Syslog Output 0x11" \
