@@ -41,10 +41,17 @@ The lines are kept in ~/.ktl_history for the next shell.
   logger -discard -nochk
   exit
 
-Ctrl-D on an empty line ends the shell, like "exit"; the words of a line
-are split as a shell splits them.
+Tab lists the candidates when they share no longer start. Ctrl-D on an
+empty line ends the shell, like "exit"; the words of a line are split as a
+shell splits them.
 
-  $ printf 'help "logger"\n\004' | "$TESTDIR/shell-session.sh" | sed -n '1,2p;$p'
+  $ printf 'logger -d\t\nhelp "logger"\n\004' | "$TESTDIR/shell-session.sh" | sed -n '1,8p;$p'
+  ktl> logger -d
+  -device  -discard  
+  ktl> logger -d
+  Error: The command line is not valid. Check the options, their order and their values.
+  reason: Unknown Parameter Error: -d
+  exit status 1
   ktl> help "logger"
   logger: view and edit the configuration of the resource-usage logging tool
   ktl> ^D
