@@ -107,7 +107,9 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
   el_set(pEditLine, EL_SIGNAL, 1);
   el_set(pEditLine, EL_PROMPT, Prompt);
   el_set(pEditLine, EL_HIST, history, historyList.get());
-  el_set(pEditLine, EL_ADDFN, "ktl-complete", "complete a command, option or value", Complete);
+  // The wide form: the narrow one copies the name and help text and never
+  // frees the copies.
+  el_wset(pEditLine, EL_ADDFN, L"ktl-complete", L"complete a command, option or value", Complete);
   el_set(pEditLine, EL_BIND, "^I", "ktl-complete", nullptr);
   el_source(pEditLine, nullptr);  // the operator's ~/.editrc, as other libedit programs read it
 
