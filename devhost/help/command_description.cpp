@@ -97,13 +97,22 @@ bool ReadForm(const Tree& tree, const std::string& strName, CFormDescription& fo
   return true;
 }
 
-void ReadBuiltinLimits(const Tree& tree, CCommandDescription& description) {
+bool ReadBuiltinLimits(const Tree& tree, CCommandDescription& description, const std::string& strFile,
+                       std::string& strError) {
   const std::string strPrefix = "limits ";
   for (const auto& section : tree) {
     if (section.first.compare(0, strPrefix.size(), strPrefix) != 0) continue;
     auto& mapKeys = description.mapBuiltinLimits[section.first.substr(strPrefix.size())];
-    for (const auto& key : section.second) mapKeys[key.first] = key.second.get_value<int>();
+    for (const auto& key : section.second) {
+      const boost::optional<int> nValue = key.second.get_value_optional<int>();
+      if (!nValue) {
+        strError = strFile + ": [" + section.first + "] " + key.first + " is not a number: " + key.second.data();
+        return false;
+      }
+      mapKeys[key.first] = *nValue;
+    }
   }
+  return true;
 }
 
 }  // namespace
@@ -134,15 +143,11 @@ bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& 
       if (!ReadForm(tree, strForm, form, strFile, strError)) return false;
       description.vecForms.push_back(form);
     }
-    ReadBuiltinLimits(tree, description);
+    return ReadBuiltinLimits(tree, description, strFile, strError);
   } catch (const boost::property_tree::ini_parser_error& e) {
     strError = strFile + ":" + std::to_string(e.line()) + ": " + e.message();
     return false;
-  } catch (const boost::property_tree::ptree_error& e) {
-    strError = strFile + ": " + e.what();
-    return false;
   }
-  return true;
 }
 
 std::vector<std::string> InstalledCommands() {

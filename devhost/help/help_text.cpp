@@ -71,7 +71,7 @@ void ShowCommandList(std::ostream& out) {
     std::string strError;
     const std::string strSummary = ReadCommandDescription(strCommand, description, strError)
                                        ? description.strSummary
-                                       : "(no description installed)";
+                                       : "(no description; ktl-cli help " + strCommand + " says why)";
     out << "  " << strCommand << std::string(nColumn - strCommand.size() + 3, ' ') << strSummary << "\n";
   }
   if (vecCommands.empty()) out << "  (none installed)\n";

@@ -90,7 +90,7 @@ is missing.
   $ ln -s "$installed/libktl_cli-logger.so" plugins/libktl_cli-bare.so
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help
   Commands:
-    bare   (no description installed)
+    bare   (no description; ktl-cli help bare says why)
   
   "ktl-cli help COMMAND" shows the forms and options of a command; "ktl-cli
   --help" shows ktl-cli's environment and exit statuses. Started on a terminal
@@ -99,3 +99,21 @@ is missing.
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
   ktl-cli: no help for command "bare": */plugins/bare.command.ini: cannot be read (glob)
   [2]
+
+A broken description is named with what is wrong in it; the command list
+still shows the command.
+
+  $ printf '[command]\nsummary = a test\nforms = only\n' > plugins/bare.command.ini
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
+  ktl-cli: no help for command "bare": */plugins/bare.command.ini: no section [form only] (glob)
+  [2]
+  $ printf '[command]\nforms = only\n[form only]\noptions = -x\n[limits A]\nX_MIN = low\n' > plugins/bare.command.ini
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
+  ktl-cli: no help for command "bare": */plugins/bare.command.ini: [limits A] X_MIN is not a number: low (glob)
+  [2]
+  $ printf '[command]\nforms\n' > plugins/bare.command.ini
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
+  ktl-cli: no help for command "bare": */plugins/bare.command.ini:2: '=' character not found in line (glob)
+  [2]
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help | sed -n 2p
+    bare   (no description; ktl-cli help bare says why)
