@@ -45,6 +45,13 @@ std::string OptionSynopsis(const COptionDescription& option) {
   return option.bOptional ? "[" + strText + "]" : strText;
 }
 
+// One form as typed: "logger -alert inf|wrn|err -setting on|off".
+std::string FormSynopsis(const std::string& strCommand, const CFormDescription& form) {
+  std::string strText = strCommand;
+  for (const COptionDescription& option : form.vecOptions) strText += " " + OptionSynopsis(option);
+  return strText;
+}
+
 // "cpu 1 to 86400, mem 1 to 86400" or "40 to 100".
 std::string RangesOf(const CCommandDescription& description, const CFormDescription& form,
                      const COptionDescription& option) {
@@ -115,12 +122,6 @@ void ShowCommand(const CCommandDescription& description, std::ostream& out) {
 }
 
 }  // namespace
-
-std::string FormSynopsis(const std::string& strCommand, const CFormDescription& form) {
-  std::string strText = strCommand;
-  for (const COptionDescription& option : form.vecOptions) strText += " " + OptionSynopsis(option);
-  return strText;
-}
 
 int ShowHelp(const std::vector<std::string>& vecTopics, std::ostream& out, std::ostream& err) {
   if (vecTopics.empty()) {

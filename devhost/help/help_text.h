@@ -15,9 +15,6 @@ namespace devhost {
 // description cannot be read.
 int ShowHelp(const std::vector<std::string>& vecTopics, std::ostream& out, std::ostream& err);
 
-// One form as typed: "logger -alert inf|wrn|err -setting on|off".
-std::string FormSynopsis(const std::string& strCommand, const struct CFormDescription& form);
-
 }  // namespace devhost
 
 #endif
