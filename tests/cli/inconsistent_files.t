@@ -12,12 +12,14 @@ next mount point would overwrite an entry):
 
   $ refused s/NumFileSys=1/NumFileSys=99999999999/ -mp /var/log -setting on
   ktl-cli: */logger.edit.ini: [FILESYS] NumFileSys: "99999999999" is not a number from 0 to 9999 (glob)
+  reason: SyslogOutput is OFF
   [1]
   $ refused s/NumFileSys=1/NumFileSys=-4/ -confirm edit
   ktl-cli: */logger.edit.ini: [FILESYS] NumFileSys: "-4" is not a number from 0 to 9999 (glob)
   [1]
   $ refused 's/NumFileSys=1/NumFileSys=1\n[FSNAME-2]\nMount=\/dev\/shm/' -mp /var/log -setting on
   ktl-cli: */logger.edit.ini: [FILESYS] NumFileSys: "1" is below the highest entry number, [FSNAME-2] (glob)
+  reason: SyslogOutput is OFF
   [1]
   $ refused s/NumFileSys=1/NumFileSys=/ -save -nochk
   ktl-cli: */logger.edit.ini: [FILESYS] NumFileSys: "" is not a number from 0 to 9999 (glob)
@@ -44,6 +46,13 @@ pending file as it was:
 
   $ refused s/NumFileSys=1/NumFileSys=9999/ -mp /var/log -setting on
   ktl-cli: */logger.edit.ini: cannot write [FILESYS] NumFileSys: "10000" is not a number from 0 to 9999 (glob)
+  reason: SyslogOutput is ON
+  reason: mount exp=/var/log, res=/sys
+  reason: mount exp=/var/log, res=/proc
+  reason: mount exp=/var/log, res=/
+  reason: mount exp=/var/log, res=/dev/shm
+  reason: mount exp=/var/log, res=/data
+  reason: mount exp=/var/log, res=/var/log
   [1]
   $ rm $state/logger.edit.ini
 

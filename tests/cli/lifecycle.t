@@ -34,13 +34,22 @@ is switched on is not mounted any more), and a command of another session.
   $ unchanged() { cmp -s cur.ini $state/logger.ini && cmp -s edit.ini $state/logger.edit.ini && echo unchanged; }
   $ ktl-cli logger -verbose; unchanged
   Error: The command line is not valid. Check the options, their order and their values.
+  reason: Unknown Parameter Error: -verbose
   unchanged
   $ ktl-cli logger -mp /data/ -setting on; unchanged
   Error: The directory is not a mounted file system. Give the mount point of a mounted file system.
+  reason: SyslogOutput is ON
+  reason: mount exp=/data/, res=/sys
+  reason: mount exp=/data/, res=/proc
+  reason: mount exp=/data/, res=/
+  reason: mount exp=/data/, res=/dev/shm
+  reason: mount exp=/data/, res=/data
+  reason: mount exp=/data/, res=/var/log
   unchanged
   $ echo y | KTL_MOUNT_CMD=true ktl-cli logger -save; unchanged
   Save the pending changes and put the logger configuration into effect? [y/n]: y
   Error: The configuration was not saved: the disk usage monitor is on but watches no mounted, switched-on mount point. Add or switch on a mount point, or switch the disk monitor off.
+  reason: operator+=()
   unchanged
   $ setsid -w ktl-cli logger -syslogoutput off; unchanged
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
@@ -92,6 +101,7 @@ The trace: a rejected parameter (level 16) and ktl-cli's notes (level 1).
 
   $ KTL_TRACE_MASK=0x11 ktl-cli logger -device cpu -setting on -threshold 5
   Error: The command line is not valid. Check the options, their order and their values.
+  reason: Parameter Error: -threshold 5 (allowed 10 to 100: CPU THRESHOLD_MIN, THRESHOLD_MAX in /opt/velmora/ktl/cli/LoggerParams.ini, or built-in)
   [1]
   $ sed 's/^[-0-9T:]* //' $state/trace.log
   cli 16 bool CLoggerConfigCmd::CheckSetThreshold() Parameter Error: -threshold 5

@@ -28,6 +28,7 @@ names the owner.
 
   $ setsid -w ktl-cli logger -device cpu -setting off
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
+  reason: SyslogOutput is ON
   [1]
   $ setsid -w ktl-cli logger -save -nochk
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
