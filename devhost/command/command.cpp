@@ -1,14 +1,13 @@
 // CCommand: the development host's command base. It groups the words of the
-// command line into option/value pairs and, as its execution step, writes the
-// command to the audit log.
+// command line into option/value pairs and, as its execution step, starts the
+// command's audit record (ktl-cli ends it with the exit status).
 #include "host/command.h"
-
-#include <unistd.h>
 
 #include <iostream>
 
 #include "devhost/command/audit_log.h"
 #include "devhost/command/current_command.h"
+#include "devhost/service/edit_session.h"
 
 namespace {
 
@@ -47,7 +46,7 @@ int CCommand::CheckExec() { return kOk; }
 
 int CCommand::Exec(std::string strCommand) {
   std::string strError;
-  if (!devhost::AppendAuditLine(GetPPID(), strCommand, strError)) {
+  if (!devhost::BeginAuditRecord(GetPPID(), strCommand, strError)) {
     std::cerr << "ktl-cli: the command was not run: its audit record could not be written (" << strError << ")"
               << std::endl;
     return kAuditNotWritten;
@@ -59,6 +58,6 @@ int CCommand::SetRequiredValParam(std::vector<std::string> /*vecParam*/) { retur
 
 int CCommand::CheckServiceStatus() { return kOk; }
 
-// ktl-cli runs one command per process, so its parent is the operator's shell:
-// the session that owns pending edits.
-int CCommand::GetPPID() { return static_cast<int>(getppid()); }
+// The operator's terminal session, which owns pending edits
+// (devhost/service/edit_session.h).
+int CCommand::GetPPID() { return devhost::CurrentSession(); }
