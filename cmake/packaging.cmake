@@ -99,7 +99,9 @@ include(CPack)
 # The shell module lives beside libktl_host.so, where ktl-cli loads it from;
 # command descriptions lie beside the plug-ins they describe; the bash
 # completion goes where Debian's bash-completion loads it on demand.
-install(TARGETS ktl_shell LIBRARY DESTINATION "${KTL_HOST_LIB_DIR}" COMPONENT host)
+if(TARGET ktl_shell)
+  install(TARGETS ktl_shell LIBRARY DESTINATION "${KTL_HOST_LIB_DIR}" COMPONENT host)
+endif()
 install(FILES "${PROJECT_SOURCE_DIR}/devhost/descriptions/logger.command.ini"
         DESTINATION "${KTL_INSTALL_PLUGIN_DIR}" COMPONENT host)
 install(FILES "${PROJECT_SOURCE_DIR}/devhost/man/ktl-cli.1" "${PROJECT_SOURCE_DIR}/devhost/man/ktl-cli-logger.1"

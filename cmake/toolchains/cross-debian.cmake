@@ -14,6 +14,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE BOTH)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
+# pkg-config answers for the target, never with this machine's libraries.
+set(ENV{PKG_CONFIG_LIBDIR} "/usr/lib/${KTL_CROSS_TRIPLET}/pkgconfig:/usr/${KTL_CROSS_TRIPLET}/lib/pkgconfig")
 
 # ctest runs the target's programs under qemu-user, pointed at the target's
 # libraries. No binfmt registration is needed: the emulator is named on each
