@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "plugin/logger_config_cmd.h"
-#include "tests/scripted_host/scripted_host.h"
+#include "tests/support/scripted_host.h"
 
 extern "C" CCommand* GetCommandFactorylogger();
 

@@ -14,7 +14,7 @@
 
 #include "host/command.h"
 #include "plugin/logger_config_cmd.h"
-#include "tests/scripted_host/scripted_host.h"
+#include "tests/support/scripted_host.h"
 #include "tests/support/records.h"
 
 extern "C" CCommand* GetCommandFactorylogger();

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "host/command.h"
-#include "tests/scripted_host/scripted_host.h"
+#include "tests/support/scripted_host.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The scripted host: answers from scripted::script(), records every call.
-#include "tests/scripted_host/scripted_host.h"
+#include "tests/support/scripted_host.h"
 
 #include <unistd.h>
 
@@ -17,7 +17,9 @@
 #include "host/profile.h"
 #include "host/string_util.h"
 #include "host/tool_service_logger_acc.h"
+#include "host/template_engine.h"
 #include "host/trace_utility.h"
+#include "tests/support/record_text.h"
 
 namespace scripted {
 
@@ -26,9 +28,6 @@ namespace {
 struct State {
   Script script;
   std::vector<HostCall> calls;
-  std::vector<Velmora_LoggerConf> stored;
-  std::vector<Velmora_LoggerConf> shown;
-  CTempleteContext* pRendered = nullptr;
   std::vector<std::string> mountPaths;
 };
 
@@ -65,8 +64,6 @@ std::vector<HostCall>& calls() { return state().calls; }
 void reset() {
   state().script = Script();
   state().calls.clear();
-  state().stored.clear();
-  state().shown.clear();
   for (const std::string& strPath : state().mountPaths) ::unlink(strPath.c_str());
   state().mountPaths.clear();
 }
@@ -76,35 +73,6 @@ std::vector<std::string> callNames() {
   for (const HostCall& call : calls())
     if (call.strName != "WriteDebug") vecNames.push_back(call.strName);
   return vecNames;
-}
-
-std::vector<std::string> traces() {
-  std::vector<std::string> vecLines;
-  for (const HostCall& call : calls())
-    if (call.strName == "WriteDebug") vecLines.push_back(call.vecArgs[1] + "|" + call.vecArgs[2]);
-  return vecLines;
-}
-
-std::vector<std::string> shows() {
-  std::vector<std::string> vecShows;
-  for (const HostCall& call : calls())
-    if (call.strName == "show") vecShows.push_back(call.vecArgs[0] + "|" + call.vecArgs[1] + "|" + call.vecArgs[2]);
-  return vecShows;
-}
-
-std::vector<HostCall> callsOf(const std::string& strName) {
-  std::vector<HostCall> vecOf;
-  for (const HostCall& call : calls())
-    if (call.strName == strName) vecOf.push_back(call);
-  return vecOf;
-}
-
-std::vector<Velmora_LoggerConf>& storedRecords() { return state().stored; }
-std::vector<Velmora_LoggerConf>& shownRecords() { return state().shown; }
-
-CTempleteContext& lastRenderedContext() {
-  static CTempleteContext empty;
-  return state().pRendered ? *state().pRendered : empty;
 }
 
 std::vector<std::string>& mountOutputPaths() { return state().mountPaths; }
@@ -212,14 +180,12 @@ bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
 }
 
 int CToolServiceLoggerAcc::SetParameter(Velmora_LoggerConf conf) {
-  record("SetParameter");
-  if (script().bRecord) scripted::storedRecords().push_back(conf);
+  record("SetParameter", script().bRecord ? ktl_test::RecordLines(conf) : std::vector<std::string>());
   return script().nSetParameterResult;
 }
 
 void CToolServiceLoggerAcc::ShowConf(Velmora_LoggerConf conf) {
-  record("ShowConf");
-  if (script().bRecord) scripted::shownRecords().push_back(conf);
+  record("ShowConf", script().bRecord ? ktl_test::RecordLines(conf) : std::vector<std::string>());
 }
 
 bool CToolServiceLoggerAcc::Discard() {
@@ -229,9 +195,7 @@ bool CToolServiceLoggerAcc::Discard() {
 
 bool CToolServiceLoggerAcc::GetString(std::string strSection, std::string strKey, std::string& strValue) {
   record("GetString", {strSection, strKey});
-  const std::string strName = strSection + "/" + strKey;
-  if (script().setFailGet.count(strName)) return false;
-  auto it = script().mapStrings.find(strName);
+  auto it = script().mapStrings.find(strSection + "/" + strKey);
   if (it == script().mapStrings.end()) return false;
   strValue = it->second;
   return true;
@@ -277,9 +241,6 @@ CTemplateEngine::~CTemplateEngine() {}
 
 bool CTemplateEngine::Output(CTempleteContext context, std::string& strOutput) {
   record("Output", {context.m_strTemplateName});
-  static CTempleteContext kept;
-  kept = context;
-  scripted::state().pRendered = &kept;
   if (!script().bOutputResult) return false;
   strOutput = script().strRendered;
   return true;
@@ -329,8 +290,13 @@ void CTraceUtility::WriteDebug(const char* pszModule, TRACE_DBG_LEVEL eLevel, co
   va_start(args, pszFormat);
   const std::string strLine = scripted::vformat(pszFormat, args);
   va_end(args);
-  // Not through record(): a trace never throws.
+  // Not through record(): a trace throws only when told so by its text.
   scripted::calls().push_back({"WriteDebug", {pszModule, str(eLevel), strLine}});
+  std::string& strThrowOnTrace = script().strThrowOnTrace;
+  if (!strThrowOnTrace.empty() && strLine.compare(0, strThrowOnTrace.size(), strThrowOnTrace) == 0) {
+    strThrowOnTrace.clear();
+    throw std::runtime_error("scripted failure in a trace line");
+  }
 }
 
 extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey, int nDefault,

@@ -2,11 +2,12 @@
 //
 // A test sets, in script(), what each host call answers, runs the plug-in,
 // and reads back calls(): every host call made, in order, with its
-// arguments as text (trace lines fully formatted). reset() restores the
+// arguments as text (trace lines fully formatted, records handed over as
+// the lines of tests/support/record_text.h). reset() restores the
 // defaults: every call succeeds, no pending configuration is read, the
 // effective configuration is a default record.
-#ifndef KTL_TESTS_SCRIPTED_HOST_H
-#define KTL_TESTS_SCRIPTED_HOST_H
+#ifndef KTL_TESTS_SUPPORT_SCRIPTED_HOST_H
+#define KTL_TESTS_SUPPORT_SCRIPTED_HOST_H
 
 #include <deque>
 #include <map>
@@ -15,7 +16,6 @@
 #include <vector>
 
 #include "config/logger_conf.h"
-#include "host/template_engine.h"
 
 namespace scripted {
 
@@ -28,9 +28,8 @@ struct HostCall {
 };
 
 struct Script {
-  // Whether host calls, trace lines and handed records are kept for calls(),
-  // storedRecords() and shownRecords(). The benchmarks turn it off so that
-  // they measure the plug-in, not the bookkeeping.
+  // Whether host calls and trace lines are kept for calls(). The benchmarks
+  // turn it off so that they measure the plug-in, not the bookkeeping.
   bool bRecord = true;
 
   // CCommand
@@ -54,8 +53,7 @@ struct Script {
   Velmora_LoggerConf pending;  // what ReadConfFile fills in (also on false)
   int nSetParameterResult = 0;
   bool bDiscardResult = true;
-  std::map<std::string, std::string> mapStrings;  // "Section/Key" -> value for GetString
-  std::set<std::string> setFailGet;               // "Section/Key" whose GetString fails
+  std::map<std::string, std::string> mapStrings;  // "Section/Key" -> value for GetString; absent fails
   std::set<std::string> setFailWrite;             // "Section/Key" whose WriteString fails
 
   // Template engine
@@ -75,6 +73,9 @@ struct Script {
   // answering: a std::runtime_error, or an int when bThrowNonStd.
   std::string strThrowIn;
   bool bThrowNonStd = false;
+  // The first trace line whose text starts with this throws a
+  // std::runtime_error after it is recorded; "" for none.
+  std::string strThrowOnTrace;
 };
 
 Script& script();
@@ -83,18 +84,6 @@ void reset();
 
 // Every call except the trace lines, by name.
 std::vector<std::string> callNames();
-// The trace lines as "<level>|<text>".
-std::vector<std::string> traces();
-// The "show" calls as "<id>|<code>|<extra>".
-std::vector<std::string> shows();
-// The calls of one name.
-std::vector<HostCall> callsOf(const std::string& strName);
-
-// Records handed to SetParameter and ShowConf, in order.
-std::vector<Velmora_LoggerConf>& storedRecords();
-std::vector<Velmora_LoggerConf>& shownRecords();
-// The last context handed to CTemplateEngine::Output.
-CTempleteContext& lastRenderedContext();
 // Paths returned by ExecSystemCmd, in order.
 std::vector<std::string>& mountOutputPaths();
 
