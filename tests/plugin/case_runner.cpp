@@ -230,7 +230,11 @@ int main(int argc, char** argv) {
       }
       if (vecTranscripts.back() == c.vecExpected || bUpdate) continue;
       ++nFileFailed;
-      std::cout << strPath << ":" << c.nLine << ": " << c.strTitle << "\n";
+      const Lines& vecActual = vecTranscripts.back();
+      size_t nSame = 0;
+      while (nSame < c.vecExpected.size() && nSame < vecActual.size() && c.vecExpected[nSame] == vecActual[nSame]) ++nSame;
+      std::cout << strPath << ":" << c.nExpectedBegin + nSame + 1 << ": case \"" << c.strTitle << "\" (line "
+                << c.nLine << ") differs\n";
       PrintDiff(c.vecExpected, vecTranscripts.back());
     }
     if (bUpdate && !ktl_test::RewriteCaseFile(strPath, file, vecTranscripts)) {
