@@ -142,7 +142,6 @@ const Form kForms[] = {
 int CLoggerConfigCmd::CheckParam(std::vector<std::string> vecParam) {
   logger_trace::Enter(kSigCheckParam);
   Outcome outcome = Outcome::kRefuse;
-  int nResult = 0;
   try {
     if (CCommand::CheckParam(vecParam) != 0) {
       logger_trace::Note(CTraceUtility::TRACE_DBG_PARAM, kSigCheckParam, "Parameter Analyze Error");
@@ -163,16 +162,16 @@ int CLoggerConfigCmd::CheckParam(std::vector<std::string> vecParam) {
       }
     }
     if (outcome == Outcome::kRefuse) return ShowMessage(logger_msg::kErrorCommand);
+    // The exit trace of an accepted form is one of its steps, so an
+    // exception while writing it is handled like any other.
+    if (outcome == Outcome::kAcceptWithExitTrace) logger_trace::Leave(kSigCheckParam);
+    return 0;
   } catch (const std::exception& e) {
     logger_trace::Note(CTraceUtility::TRACE_DBG_EXCEPTION, kSigCheckParam, "Exception Information:%s", e.what());
-    outcome = Outcome::kAcceptWithExitTrace;
-    nResult = kExceptionResult;
   } catch (...) {
     logger_trace::Note(CTraceUtility::TRACE_DBG_EXCEPTION, kSigCheckParam,
                        "exception: Exception Information:unknown exception]");
-    outcome = Outcome::kAcceptWithExitTrace;
-    nResult = kExceptionResult;
   }
-  if (outcome == Outcome::kAcceptWithExitTrace) logger_trace::Leave(kSigCheckParam);
-  return nResult;
+  logger_trace::Leave(kSigCheckParam);
+  return kExceptionResult;
 }

@@ -13,6 +13,7 @@ packages=(
   valgrind
   libbenchmark-dev hyperfine crudini   # benchmarks (bench/)
   abigail-tools              # abidw / abidiff: the binary contract guard
+  python3-cram               # ktl-cli sessions as cram transcripts (tests/cli)
   dpkg-dev file              # cpack's Debian dependency step (dpkg-shlibdeps)
 )
 

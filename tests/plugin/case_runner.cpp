@@ -145,7 +145,11 @@ Lines Run(const Case& c, const Aliases& aliases) {
   scripted::reset();
   pExecMethod = nullptr;  // as in a freshly loaded library
   for (const ktl_test::Answer& answer : c.vecAnswers) {
-    const std::string strError = ktl_test::ApplyHostAnswer(answer.strKey, answer.strValue);
+    std::string strValue = answer.strValue;
+    for (const auto& alias : aliases)
+      for (size_t nAt; (nAt = strValue.find(alias.first)) != std::string::npos;)
+        strValue.replace(nAt, alias.first.size(), alias.second);
+    const std::string strError = ktl_test::ApplyHostAnswer(answer.strKey, strValue);
     if (!strError.empty()) throw std::invalid_argument(std::to_string(answer.nLine) + ": " + strError);
   }
   std::string strCommand = "logger";

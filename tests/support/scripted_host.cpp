@@ -290,13 +290,13 @@ void CTraceUtility::WriteDebug(const char* pszModule, TRACE_DBG_LEVEL eLevel, co
   va_start(args, pszFormat);
   const std::string strLine = scripted::vformat(pszFormat, args);
   va_end(args);
-  // Not through record(): a trace throws only when told so by its text.
-  scripted::calls().push_back({"WriteDebug", {pszModule, str(eLevel), strLine}});
-  std::string& strThrowOnTrace = script().strThrowOnTrace;
-  if (!strThrowOnTrace.empty() && strLine.compare(0, strThrowOnTrace.size(), strThrowOnTrace) == 0) {
-    strThrowOnTrace.clear();
-    throw std::runtime_error("scripted failure in a trace line");
+  // Not through record(): a trace throws only when told to, and only once.
+  std::string& strThrowOn = script().strThrowOnTrace;
+  if (!strThrowOn.empty() && strLine.compare(0, strThrowOn.size(), strThrowOn) == 0) {
+    strThrowOn.clear();
+    throw std::runtime_error("scripted failure in WriteDebug");
   }
+  scripted::calls().push_back({"WriteDebug", {pszModule, str(eLevel), strLine}});
 }
 
 extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey, int nDefault,

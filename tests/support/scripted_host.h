@@ -73,8 +73,8 @@ struct Script {
   // answering: a std::runtime_error, or an int when bThrowNonStd.
   std::string strThrowIn;
   bool bThrowNonStd = false;
-  // The first trace line whose text starts with this throws a
-  // std::runtime_error after it is recorded; "" for none.
+  // The first trace line that starts with this text throws (once) instead
+  // of being written; empty: traces never throw.
   std::string strThrowOnTrace;
 };
 

@@ -1,7 +1,7 @@
-#include "devhost/lib/command_lock.h"
+#include "devhost/files/command_lock.h"
 
-#include "devhost/lib/make_directories.h"
-#include "devhost/lib/paths.h"
+#include "devhost/files/make_directories.h"
+#include "devhost/files/paths.h"
 
 namespace devhost {
 

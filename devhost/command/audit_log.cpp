@@ -1,13 +1,13 @@
-#include "devhost/lib/audit_log.h"
+#include "devhost/command/audit_log.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 
-#include "devhost/lib/append_file.h"
-#include "devhost/lib/make_directories.h"
-#include "devhost/lib/paths.h"
-#include "devhost/lib/timestamp.h"
+#include "devhost/files/append_file.h"
+#include "devhost/files/make_directories.h"
+#include "devhost/files/paths.h"
+#include "devhost/utilities/timestamp.h"
 
 namespace devhost {
 

@@ -18,8 +18,8 @@
 #include <cstdarg>
 #include <vector>
 
-#include "devhost/lib/format.h"
-#include "devhost/lib/paths.h"
+#include "devhost/utilities/format.h"
+#include "devhost/files/paths.h"
 
 extern char** environ;
 

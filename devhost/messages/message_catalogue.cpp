@@ -1,10 +1,10 @@
-#include "devhost/lib/message_catalogue.h"
+#include "devhost/messages/message_catalogue.h"
 
 #include <boost/property_tree/ini_parser.hpp>
 #include <boost/property_tree/ptree.hpp>
 #include <fstream>
 
-#include "devhost/lib/paths.h"
+#include "devhost/files/paths.h"
 
 namespace devhost {
 namespace {

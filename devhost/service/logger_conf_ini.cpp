@@ -1,4 +1,4 @@
-#include "devhost/lib/logger_conf_ini.h"
+#include "devhost/service/logger_conf_ini.h"
 
 #include <cctype>
 #include <cerrno>

@@ -1,4 +1,4 @@
-#include "devhost/lib/edit_session.h"
+#include "devhost/service/edit_session.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -11,7 +11,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "devhost/lib/ini_store.h"
+#include "devhost/files/ini_store.h"
 
 namespace devhost {
 

@@ -7,8 +7,8 @@
 
 #include <iostream>
 
-#include "devhost/lib/audit_log.h"
-#include "devhost/lib/current_command.h"
+#include "devhost/command/audit_log.h"
+#include "devhost/command/current_command.h"
 
 namespace {
 

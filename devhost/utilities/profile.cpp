@@ -20,7 +20,7 @@
 #include <set>
 #include <string>
 
-#include "devhost/lib/paths.h"
+#include "devhost/files/paths.h"
 
 namespace {
 

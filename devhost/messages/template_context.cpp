@@ -1,7 +1,7 @@
 // CTempleteContext: a template name and the data items to render it with.
 #include <iostream>
 
-#include "devhost/lib/template_cache.h"
+#include "devhost/messages/template_cache.h"
 #include "host/template_engine.h"
 
 CTempleteContext::CTempleteContext() {}

@@ -1,4 +1,4 @@
-#include "devhost/lib/format.h"
+#include "devhost/utilities/format.h"
 
 #include <cstdio>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "devhost/lib/current_command.h"
+#include "devhost/command/current_command.h"
 
 namespace devhost {
 namespace {

@@ -1,4 +1,4 @@
-#include "devhost/lib/make_directories.h"
+#include "devhost/files/make_directories.h"
 
 #include <sys/stat.h>
 

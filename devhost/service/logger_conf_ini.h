@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "config/logger_conf.h"
-#include "devhost/lib/ini_store.h"
+#include "devhost/files/ini_store.h"
 
 namespace devhost {
 

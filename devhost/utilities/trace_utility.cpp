@@ -15,10 +15,10 @@
 #include <cstdarg>
 #include <string>
 
-#include "devhost/lib/append_file.h"
-#include "devhost/lib/format.h"
-#include "devhost/lib/paths.h"
-#include "devhost/lib/timestamp.h"
+#include "devhost/files/append_file.h"
+#include "devhost/utilities/format.h"
+#include "devhost/files/paths.h"
+#include "devhost/utilities/timestamp.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "devhost/lib/paths.h"
+#include "devhost/files/paths.h"
 
 #include <cstdlib>
 

@@ -6,7 +6,7 @@
 // renders nothing, as Mustache does.
 #include <iostream>
 
-#include "devhost/lib/template_cache.h"
+#include "devhost/messages/template_cache.h"
 #include "host/template_engine.h"
 
 namespace {

@@ -16,11 +16,11 @@
 
 #include <iostream>
 
-#include "devhost/lib/edit_session.h"
-#include "devhost/lib/ini_store.h"
-#include "devhost/lib/logger_conf_ini.h"
-#include "devhost/lib/make_directories.h"
-#include "devhost/lib/paths.h"
+#include "devhost/service/edit_session.h"
+#include "devhost/files/ini_store.h"
+#include "devhost/service/logger_conf_ini.h"
+#include "devhost/files/make_directories.h"
+#include "devhost/files/paths.h"
 #include "host/trace_utility.h"
 
 namespace {

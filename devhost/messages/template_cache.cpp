@@ -1,10 +1,10 @@
-#include "devhost/lib/template_cache.h"
+#include "devhost/messages/template_cache.h"
 
 #include <fstream>
 #include <map>
 #include <iterator>
 
-#include "devhost/lib/paths.h"
+#include "devhost/files/paths.h"
 
 namespace devhost {
 namespace {

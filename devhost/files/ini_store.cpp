@@ -1,4 +1,4 @@
-#include "devhost/lib/ini_store.h"
+#include "devhost/files/ini_store.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

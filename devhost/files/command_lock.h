@@ -13,7 +13,7 @@
 
 #include <string>
 
-#include "devhost/lib/edit_session.h"
+#include "devhost/service/edit_session.h"
 
 namespace devhost {
 

@@ -1,4 +1,4 @@
-#include "devhost/lib/timestamp.h"
+#include "devhost/utilities/timestamp.h"
 
 #include <ctime>
 

@@ -5,8 +5,8 @@
 #include <cerrno>
 #include <iostream>
 
-#include "devhost/lib/command_lock.h"
-#include "devhost/lib/message_catalogue.h"
+#include "devhost/files/command_lock.h"
+#include "devhost/messages/message_catalogue.h"
 #include "host/message.h"
 #include "host/string_util.h"
 
@@ -56,6 +56,9 @@ bool CMessage::Inquiry(std::string strMsgId, int /*nDefault*/) {
       std::cout << std::endl << "No answer: nothing was done." << std::endl;
       return false;
     }
+    // An answer that does not come from a terminal was not echoed by one:
+    // show it, so that a scripted session reads as it would typed.
+    if (!isatty(STDIN_FILENO)) std::cout << strAnswer << std::endl;
     strAnswer = CStringUtil::StringToLowerCase(Trimmed(strAnswer));
     if (strAnswer == "y" || strAnswer == "yes") return true;
     if (strAnswer == "n" || strAnswer == "no") return false;

@@ -8,7 +8,7 @@
 // CheckParam(words), CheckExec() and Exec(command line), each only after the
 // previous one returned 0; then deletes the object. The exit statuses are
 // listed in kUsage. The whole command runs under the command lock of the
-// state directory (devhost/lib/command_lock.h).
+// state directory (devhost/files/command_lock.h).
 #include <dlfcn.h>
 
 #include <exception>
@@ -18,9 +18,9 @@
 #include <string>
 #include <vector>
 
-#include "devhost/lib/command_lock.h"
-#include "devhost/lib/current_command.h"
-#include "devhost/lib/paths.h"
+#include "devhost/files/command_lock.h"
+#include "devhost/command/current_command.h"
+#include "devhost/files/paths.h"
 #include "host/command.h"
 #include "host/trace_utility.h"
 

@@ -1,4 +1,4 @@
-#include "devhost/lib/append_file.h"
+#include "devhost/files/append_file.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -8,7 +8,7 @@
 #include <iostream>
 #include <sstream>
 
-#include "devhost/lib/message_catalogue.h"
+#include "devhost/messages/message_catalogue.h"
 
 namespace {
 
