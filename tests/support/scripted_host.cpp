@@ -1,4 +1,4 @@
-// The scripted host: answers from scripted::script(), records every call.
+// The scripted host: answers from scripted::answer(), writes the transcript.
 #include "tests/support/scripted_host.h"
 
 #include <unistd.h>
@@ -8,7 +8,10 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
 #include <fstream>
+#include <map>
+#include <set>
 #include <stdexcept>
 
 #include "host/command.h"
@@ -16,19 +19,22 @@
 #include "host/message.h"
 #include "host/profile.h"
 #include "host/string_util.h"
-#include "host/tool_service_logger_acc.h"
 #include "host/template_engine.h"
+#include "host/tool_service_logger_acc.h"
 #include "host/trace_utility.h"
-#include "tests/support/record_text.h"
+#include "tests/support/case_text.h"
 
 namespace scripted {
 
 namespace {
 
 struct State {
-  Script script;
-  std::vector<HostCall> calls;
-  std::vector<std::string> mountPaths;
+  std::map<std::string, std::string> answers;
+  Velmora_LoggerConf effective, pending;
+  std::deque<int> initWrites;  // answers in order, then 0
+  std::string strMountListing;
+  std::vector<std::string> transcript, mountPaths;
+  bool bRecording = true;
 };
 
 State& state() {
@@ -36,17 +42,50 @@ State& state() {
   return s;
 }
 
-std::string str(long long n) { return std::to_string(n); }
+const std::set<std::string> kNumberKeys = {"CCommand::CheckParam", "CCommand::Exec", "GetPPID", "show",
+                                           "GetParameter",         "SetParameter"};
+const std::set<std::string> kYesNoKeys = {"Inquiry", "CheckProcessId", "ReadConfFile",    "Discard",
+                                          "Init",    "Output",         "mount.unreadable"};
+const std::set<std::string> kTextKeys = {"template",  "rendered",    "throw",
+                                         "throw.int", "throw.trace", "WriteString.fails"};
 
-void record(const std::string& strName, std::vector<std::string> vecArgs = {}) {
-  if (state().script.bRecord) state().calls.push_back(HostCall{strName, std::move(vecArgs)});
-  if (state().script.strThrowIn == strName) {
-    if (state().script.bThrowNonStd) throw 42;
-    throw std::runtime_error("scripted failure in " + strName);
-  }
+bool StartsWith(const std::string& strText, const std::string& strPrefix) {
+  return strText.compare(0, strPrefix.size(), strPrefix) == 0;
 }
 
-std::string vformat(const char* pszFormat, va_list args) {
+std::string Text(const std::string& strKey, const std::string& strDefault = "") {
+  auto it = state().answers.find(strKey);
+  return it == state().answers.end() ? strDefault : it->second;
+}
+int Number(const std::string& strKey, int nDefault) {
+  auto it = state().answers.find(strKey);
+  return it == state().answers.end() ? nDefault : static_cast<int>(std::strtol(it->second.c_str(), nullptr, 0));
+}
+bool Yes(const std::string& strKey) { return Text(strKey, "yes") == "yes"; }
+
+void Write(const std::string& strLine) {
+  if (state().bRecording) state().transcript.push_back(strLine);
+}
+
+// Writes the call, then throws when the answers say so.
+void Call(const std::string& strName, const std::vector<std::string>& vecArgs = {}) {
+  if (state().bRecording) {
+    std::string strLine = strName;
+    for (size_t n = 0; n < vecArgs.size(); ++n)
+      strLine += (n ? ", " : "(") + (vecArgs[n].empty() ? "\"\"" : ktl_test::Escape(vecArgs[n]));
+    Write(strLine + (vecArgs.empty() ? "" : ")"));
+  }
+  if (Text("throw") == strName) throw std::runtime_error("scripted failure in " + strName);
+  if (Text("throw.int") == strName) throw 42;
+}
+
+void CallWithRecord(const std::string& strName, const Velmora_LoggerConf& conf) {
+  Call(strName);
+  if (state().bRecording)
+    for (const std::string& strLine : ktl_test::RecordLines(conf)) Write("  " + ktl_test::Escape(strLine));
+}
+
+std::string VFormat(const char* pszFormat, va_list args) {
   va_list copy;
   va_copy(copy, args);
   const int n = std::vsnprintf(nullptr, 0, pszFormat, copy);
@@ -58,30 +97,51 @@ std::string vformat(const char* pszFormat, va_list args) {
 
 }  // namespace
 
-Script& script() { return state().script; }
-std::vector<HostCall>& calls() { return state().calls; }
+std::string answer(const std::string& strKey, const std::string& strValue) {
+  State& s = state();
+  const std::string strWrong = "bad value for " + strKey + ": \"" + strValue + "\"";
+  if (StartsWith(strKey, "effective.")) return ktl_test::SetRecordPart(s.effective, strKey.substr(10), strValue);
+  if (StartsWith(strKey, "pending.")) return ktl_test::SetRecordPart(s.pending, strKey.substr(8), strValue);
+  if (strKey == "mount") return s.strMountListing += strValue + "\n", "";
+  char* pEnd = nullptr;
+  if (strKey == "initWrite") {
+    for (const char* p = strValue.c_str(); *p; p = pEnd) {
+      s.initWrites.push_back(static_cast<int>(std::strtol(p, &pEnd, 0)));
+      if (pEnd == p) return strWrong;
+    }
+    return "";
+  }
+  const bool bNumber = kNumberKeys.count(strKey) || StartsWith(strKey, "show.") || StartsWith(strKey, "limit.");
+  if (bNumber && (std::strtol(strValue.c_str(), &pEnd, 0), strValue.empty() || *pEnd)) return strWrong;
+  if (kYesNoKeys.count(strKey) && strValue != "yes" && strValue != "no") return strWrong;
+  if (!bNumber && !kYesNoKeys.count(strKey) && !kTextKeys.count(strKey) && !StartsWith(strKey, "GetString."))
+    return "unknown key " + strKey;
+  s.answers[strKey] = strValue;
+  return "";
+}
+
+void answerRecord(const std::string& strWhich, const Velmora_LoggerConf& conf) {
+  for (const std::string& strLine : ktl_test::RecordLines(conf)) {
+    const size_t nEquals = strLine.find(" = ");
+    answer(strWhich + "." + strLine.substr(0, nEquals), strLine.substr(nEquals + 3));
+  }
+}
 
 void reset() {
-  state().script = Script();
-  state().calls.clear();
   for (const std::string& strPath : state().mountPaths) ::unlink(strPath.c_str());
-  state().mountPaths.clear();
+  state() = State();
 }
 
-std::vector<std::string> callNames() {
-  std::vector<std::string> vecNames;
-  for (const HostCall& call : calls())
-    if (call.strName != "WriteDebug") vecNames.push_back(call.strName);
-  return vecNames;
-}
-
-std::vector<std::string>& mountOutputPaths() { return state().mountPaths; }
+std::vector<std::string>& transcript() { return state().transcript; }
+void setRecording(bool bRecording) { state().bRecording = bRecording; }
+const std::vector<std::string>& mountOutputPaths() { return state().mountPaths; }
 
 }  // namespace scripted
 
-using scripted::record;
-using scripted::script;
-using scripted::str;
+using scripted::Call;
+using scripted::Number;
+using scripted::Text;
+using scripted::Yes;
 
 // ---- CCommandParam, CCommand ----
 
@@ -90,21 +150,20 @@ CCommandParam::CCommandParam(const CCommandParam& other)
     : m_strOption(other.m_strOption), m_strValue(other.m_strValue) {}
 CCommandParam::~CCommandParam() {}
 
-CCommand::CCommand() : m_strTemplateName(script().strTemplateName) {}
+CCommand::CCommand() : m_strTemplateName(Text("template", "logger")) {}
 CCommand::~CCommand() {}
 
 int CCommand::CheckParam(std::vector<std::string> vecParam) {
   std::string strWords;
   for (const std::string& strWord : vecParam) strWords += (strWords.empty() ? "" : " ") + strWord;
-  record("CCommand::CheckParam", {strWords});
-  if (script().nCheckParamResult != 0) return script().nCheckParamResult;
+  Call("CCommand::CheckParam", {strWords});
+  if (Number("CCommand::CheckParam", 0) != 0) return Number("CCommand::CheckParam", 0);
   // A word starting with "-" opens a pair; the next word that does not is its value.
   m_vecCommandParam.clear();
   for (const std::string& strWord : vecParam) {
     if (!strWord.empty() && strWord[0] == '-') {
-      CCommandParam param;
-      param.m_strOption = strWord;
-      m_vecCommandParam.push_back(param);
+      m_vecCommandParam.push_back(CCommandParam());
+      m_vecCommandParam.back().m_strOption = strWord;
     } else if (!m_vecCommandParam.empty() && m_vecCommandParam.back().m_strValue.empty()) {
       m_vecCommandParam.back().m_strValue = strWord;
     } else {
@@ -117,96 +176,89 @@ int CCommand::CheckParam(std::vector<std::string> vecParam) {
 int CCommand::CheckExec() { return 0; }
 
 int CCommand::Exec(std::string strCommand) {
-  record("CCommand::Exec", {strCommand});
-  return script().nExecResult;
+  Call("CCommand::Exec", {strCommand});
+  return Number("CCommand::Exec", 0);
 }
 
 int CCommand::SetRequiredValParam(std::vector<std::string>) { return 0; }
 int CCommand::CheckServiceStatus() { return 0; }
 
 int CCommand::GetPPID() {
-  record("GetPPID");
-  return script().nPpid;
+  Call("GetPPID");
+  return Number("GetPPID", 4242);
 }
 
 // ---- CMessage ----
 
-CMessage::CMessage() { record("CMessage::CMessage"); }
-CMessage::~CMessage() {
-  if (script().bRecord) scripted::calls().push_back({"CMessage::~CMessage", {}});
-}
+CMessage::CMessage() { Call("CMessage::CMessage"); }
+CMessage::~CMessage() { scripted::Write("CMessage::~CMessage"); }
 
 int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strExtra) {
-  record("show", {strMsgId, std::to_string(ulCode), strExtra});
-  auto it = script().mapShowResult.find(strMsgId);
-  return it != script().mapShowResult.end() ? it->second : script().nShowDefault;
+  Call("show", {strMsgId, std::to_string(ulCode), strExtra});
+  return Number("show." + strMsgId, Number("show", 0));
 }
 
 bool CMessage::Inquiry(std::string strMsgId, int nDefault) {
-  record("Inquiry", {strMsgId, str(nDefault)});
-  return script().bInquiryAnswer;
+  Call("Inquiry", {strMsgId, std::to_string(nDefault)});
+  return Yes("Inquiry");
 }
 
 // ---- CToolServiceLoggerAcc ----
 
-CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(nullptr) { record("CToolServiceLoggerAcc::CToolServiceLoggerAcc"); }
-CToolServiceLoggerAcc::~CToolServiceLoggerAcc() {
-  if (script().bRecord) scripted::calls().push_back({"CToolServiceLoggerAcc::~CToolServiceLoggerAcc", {}});
+CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(nullptr) {
+  Call("CToolServiceLoggerAcc::CToolServiceLoggerAcc");
 }
+CToolServiceLoggerAcc::~CToolServiceLoggerAcc() { scripted::Write("CToolServiceLoggerAcc::~CToolServiceLoggerAcc"); }
 
 int CToolServiceLoggerAcc::initWrite(int nProcessId) {
-  record("initWrite", {str(nProcessId)});
-  if (script().dqInitWrite.empty()) return script().nInitWriteDefault;
-  const int nAnswer = script().dqInitWrite.front();
-  script().dqInitWrite.pop_front();
+  Call("initWrite", {std::to_string(nProcessId)});
+  std::deque<int>& answers = scripted::state().initWrites;
+  if (answers.empty()) return 0;
+  const int nAnswer = answers.front();
+  answers.pop_front();
   return nAnswer;
 }
 
 bool CToolServiceLoggerAcc::CheckProcessId(int nProcessId) {
-  record("CheckProcessId", {str(nProcessId)});
-  return script().bCheckProcessId;
+  Call("CheckProcessId", {std::to_string(nProcessId)});
+  return Yes("CheckProcessId");
 }
 
 int CToolServiceLoggerAcc::GetParameter(Velmora_LoggerConf& conf) {
-  record("GetParameter");
-  conf = script().effective;
-  return script().nGetParameterResult;
+  Call("GetParameter");
+  conf = scripted::state().effective;
+  return Number("GetParameter", 0);
 }
 
 bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
-  record("ReadConfFile");
-  conf = script().pending;
-  return script().bReadConfFileResult;
+  Call("ReadConfFile");
+  conf = scripted::state().pending;
+  return Text("ReadConfFile", "no") == "yes";
 }
 
 int CToolServiceLoggerAcc::SetParameter(Velmora_LoggerConf conf) {
-  record("SetParameter", script().bRecord ? ktl_test::RecordLines(conf) : std::vector<std::string>());
-  return script().nSetParameterResult;
+  scripted::CallWithRecord("SetParameter", conf);
+  return Number("SetParameter", 0);
 }
 
-void CToolServiceLoggerAcc::ShowConf(Velmora_LoggerConf conf) {
-  record("ShowConf", script().bRecord ? ktl_test::RecordLines(conf) : std::vector<std::string>());
-}
+void CToolServiceLoggerAcc::ShowConf(Velmora_LoggerConf conf) { scripted::CallWithRecord("ShowConf", conf); }
 
 bool CToolServiceLoggerAcc::Discard() {
-  record("Discard");
-  return script().bDiscardResult;
+  Call("Discard");
+  return Yes("Discard");
 }
 
 bool CToolServiceLoggerAcc::GetString(std::string strSection, std::string strKey, std::string& strValue) {
-  record("GetString", {strSection, strKey});
-  auto it = script().mapStrings.find(strSection + "/" + strKey);
-  if (it == script().mapStrings.end()) return false;
-  strValue = it->second;
+  Call("GetString", {strSection, strKey});
+  const std::string strName = "GetString." + strSection + "/" + strKey;
+  if (!scripted::state().answers.count(strName)) return false;
+  strValue = Text(strName);
   return true;
 }
 
 bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strKey, std::string strValue) {
-  record("WriteString", {strSection, strKey, strValue});
-  const std::string strName = strSection + "/" + strKey;
-  if (script().setFailWrite.count(strName)) return false;
-  script().mapStrings[strName] = strValue;
-  return true;
+  Call("WriteString", {strSection, strKey, strValue});
+  return (" " + Text("WriteString.fails") + " ").find(" " + strSection + "/" + strKey + " ") == std::string::npos;
 }
 
 // ---- Template engine ----
@@ -215,13 +267,13 @@ CTempleteContext::CTempleteContext() {}
 CTempleteContext::~CTempleteContext() {}
 
 bool CTempleteContext::Init(std::string strTemplateName) {
-  record("Init", {strTemplateName});
+  Call("Init", {strTemplateName});
   m_strTemplateName = strTemplateName;
-  return script().bInitResult;
+  return Yes("Init");
 }
 
 void CTempleteContext::PutData(std::string strKey, std::string strValue) {
-  record("PutData", {strKey, strValue});
+  Call("PutData", {strKey, strValue});
   m_mapData[strKey] = strValue;
 }
 
@@ -232,7 +284,7 @@ void CTempleteContext::PutData(std::string strKey, std::vector<std::map<std::str
     for (const auto& cell : row) strRows += cell.first + "=" + cell.second + ";";
     strRows += "}";
   }
-  record("PutData", {strKey, strRows});
+  Call("PutData", {strKey, strRows});
   m_mapData[strKey] = vecRows;
 }
 
@@ -240,68 +292,66 @@ CTemplateEngine::CTemplateEngine() {}
 CTemplateEngine::~CTemplateEngine() {}
 
 bool CTemplateEngine::Output(CTempleteContext context, std::string& strOutput) {
-  record("Output", {context.m_strTemplateName});
-  if (!script().bOutputResult) return false;
-  strOutput = script().strRendered;
+  Call("Output", {context.m_strTemplateName});
+  if (!Yes("Output")) return false;
+  strOutput = Text("rendered", "rendered\n");
   return true;
 }
 
 // ---- Utilities ----
 
 std::string CStringUtil::StringToLowerCase(std::string strText) {
-  record("StringToLowerCase", {strText});
+  Call("StringToLowerCase", {strText});
   std::transform(strText.begin(), strText.end(), strText.begin(),
                  [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return strText;
 }
 
 std::list<std::string> CStringUtil::Split(std::string& strText, const std::string& strSeparator) {
-  record("Split", {strText, strSeparator});
+  Call("Split", {strText, strSeparator});
   std::list<std::string> lstPieces;
-  size_t nStart = 0;
-  for (;;) {
+  for (size_t nStart = 0;;) {
     const size_t nAt = strSeparator.empty() ? std::string::npos : strText.find(strSeparator, nStart);
     lstPieces.push_back(strText.substr(nStart, nAt == std::string::npos ? std::string::npos : nAt - nStart));
-    if (nAt == std::string::npos) break;
+    if (nAt == std::string::npos) return lstPieces;
     nStart = nAt + strSeparator.size();
   }
-  return lstPieces;
 }
 
 std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   va_list args;
   va_start(args, pszFormat);
-  const std::string strCommand = scripted::vformat(pszFormat, args);
+  const std::string strCommand = scripted::VFormat(pszFormat, args);
   va_end(args);
-  record("ExecSystemCmd", {strCommand});
-  if (script().bMountFileUnreadable) return "/nonexistent/scripted-host/mount-output";
+  Call("ExecSystemCmd", {strCommand});
+  if (Text("mount.unreadable") == "yes") return "/nonexistent/scripted-host/mount-output";
   char szPath[] = "/tmp/scripted-host-mount-XXXXXX";
   const int fd = ::mkstemp(szPath);
   if (fd < 0) throw std::runtime_error("scripted host: mkstemp failed");
   ::close(fd);
-  std::ofstream(szPath, std::ios::binary) << script().strMountListing;
-  if (script().bRecord) scripted::mountOutputPaths().push_back(szPath);
+  std::ofstream(szPath, std::ios::binary) << scripted::state().strMountListing;
+  if (scripted::state().bRecording) scripted::state().mountPaths.push_back(szPath);
   return szPath;
 }
 
 void CTraceUtility::WriteDebug(const char* pszModule, TRACE_DBG_LEVEL eLevel, const char* pszFormat, ...) {
-  if (!script().bRecord) return;
+  if (!scripted::state().bRecording) return;
   va_list args;
   va_start(args, pszFormat);
-  const std::string strLine = scripted::vformat(pszFormat, args);
+  const std::string strLine = scripted::VFormat(pszFormat, args);
   va_end(args);
-  // Not through record(): a trace throws only when told to, and only once.
-  std::string& strThrowOn = script().strThrowOnTrace;
-  if (!strThrowOn.empty() && strLine.compare(0, strThrowOn.size(), strThrowOn) == 0) {
+  // A trace throws, once and instead of being written, only when told to.
+  std::string& strThrowOn = scripted::state().answers["throw.trace"];
+  if (!strThrowOn.empty() && scripted::StartsWith(strLine, strThrowOn)) {
     strThrowOn.clear();
     throw std::runtime_error("scripted failure in WriteDebug");
   }
-  scripted::calls().push_back({"WriteDebug", {pszModule, str(eLevel), strLine}});
+  scripted::Write("trace " + (std::string(pszModule) == "cli" ? "" : std::string(pszModule) + " ") +
+                  std::to_string(eLevel) + ": " + ktl_test::Escape(strLine));
 }
 
 extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey, int nDefault,
                                      const char* pszFileName) {
-  record("GetPrivateProfileIntA", {pszSection, pszKey, str(nDefault), pszFileName});
-  auto it = script().mapProfile.find(std::string(pszSection) + "/" + pszKey);
-  return it != script().mapProfile.end() ? it->second : nDefault;
+  Call("GetPrivateProfileIntA", {pszSection, pszKey, std::to_string(nDefault), pszFileName});
+  return Number(std::string("limit.") + pszSection + "/" + pszKey, nDefault);
 }

@@ -1,17 +1,14 @@
-// A scripted implementation of every host interface, for the plug-in's tests.
+// A scripted implementation of every host interface, for the plug-in's tests,
+// benchmarks and fuzzer.
 //
-// A test sets, in script(), what each host call answers, runs the plug-in,
-// and reads back calls(): every host call made, in order, with its
-// arguments as text (trace lines fully formatted, records handed over as
-// the lines of tests/support/record_text.h). reset() restores the
-// defaults: every call succeeds, no pending configuration is read, the
-// effective configuration is a default record.
+// answer() sets what a host call answers, in the "key = value" language of
+// the case files (tests/plugin/cases/README.md); unnamed calls succeed.
+// transcript() holds every host call made, in order, as "Name(arg, arg)",
+// every trace line as "trace <level>: <text>", and the records handed to
+// ShowConf and SetParameter as indented lines. reset() forgets both.
 #ifndef KTL_TESTS_SUPPORT_SCRIPTED_HOST_H
 #define KTL_TESTS_SUPPORT_SCRIPTED_HOST_H
 
-#include <deque>
-#include <map>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -19,73 +16,16 @@
 
 namespace scripted {
 
-struct HostCall {
-  std::string strName;                 // e.g. "show", "WriteDebug", "initWrite"
-  std::vector<std::string> vecArgs;    // the arguments as text
-  bool operator==(const HostCall& other) const {
-    return strName == other.strName && vecArgs == other.vecArgs;
-  }
-};
-
-struct Script {
-  // Whether host calls and trace lines are kept for calls(). The benchmarks
-  // turn it off so that they measure the plug-in, not the bookkeeping.
-  bool bRecord = true;
-
-  // CCommand
-  int nCheckParamResult = 0;  // non-zero: the word grouping fails
-  int nExecResult = 0;        // CCommand::Exec
-  int nPpid = 4242;           // GetPPID
-  std::string strTemplateName = "logger";
-
-  // CMessage
-  std::map<std::string, int> mapShowResult;  // per identifier; default below
-  int nShowDefault = 0;
-  bool bInquiryAnswer = true;
-
-  // CToolServiceLoggerAcc
-  std::deque<int> dqInitWrite;  // answers in order; then nInitWriteDefault
-  int nInitWriteDefault = 0;
-  bool bCheckProcessId = true;
-  int nGetParameterResult = 0;
-  Velmora_LoggerConf effective;  // what GetParameter fills in
-  bool bReadConfFileResult = false;
-  Velmora_LoggerConf pending;  // what ReadConfFile fills in (also on false)
-  int nSetParameterResult = 0;
-  bool bDiscardResult = true;
-  std::map<std::string, std::string> mapStrings;  // "Section/Key" -> value for GetString; absent fails
-  std::set<std::string> setFailWrite;             // "Section/Key" whose WriteString fails
-
-  // Template engine
-  bool bInitResult = true;
-  bool bOutputResult = true;
-  std::string strRendered = "rendered\n";
-
-  // ExecSystemCmd: the listing written to the output file; with
-  // bMountFileUnreadable the returned path cannot be opened.
-  std::string strMountListing;
-  bool bMountFileUnreadable = false;
-
-  // GetPrivateProfileIntA: "SECTION/KEY" -> value; absent keys give the default.
-  std::map<std::string, int> mapProfile;
-
-  // A host call (by name, as in HostCall::strName) that throws instead of
-  // answering: a std::runtime_error, or an int when bThrowNonStd.
-  std::string strThrowIn;
-  bool bThrowNonStd = false;
-  // The first trace line that starts with this text throws (once) instead
-  // of being written; empty: traces never throw.
-  std::string strThrowOnTrace;
-};
-
-Script& script();
-std::vector<HostCall>& calls();
+// Returns "" or what is wrong with the answer.
+std::string answer(const std::string& strKey, const std::string& strValue);
+// Answers a whole record: strWhich is "effective" or "pending".
+void answerRecord(const std::string& strWhich, const Velmora_LoggerConf& conf);
 void reset();
-
-// Every call except the trace lines, by name.
-std::vector<std::string> callNames();
-// Paths returned by ExecSystemCmd, in order.
-std::vector<std::string>& mountOutputPaths();
+std::vector<std::string>& transcript();
+// Off: nothing is written to the transcript (the benchmarks measure the plug-in).
+void setRecording(bool bRecording);
+// Paths that ExecSystemCmd returned, in order.
+const std::vector<std::string>& mountOutputPaths();
 
 }  // namespace scripted
 
