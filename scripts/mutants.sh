@@ -7,7 +7,7 @@
 #
 # The sources are copied to a scratch directory first (the worktree's files,
 # or those of commit REF with --ref), so the checkout is never modified. With
-# NAMEs, only those faults run. A fault names its file by path; when the path
+# NAMEs, only the faults whose names contain one of them run. A fault names its file by path; when the path
 # does not exist (files move), the first file of the same name anywhere in
 # the tree is taken. A fault whose original text is not found is "n/a".
 set -euo pipefail
@@ -29,7 +29,7 @@ src=$scratch/src
 build=$scratch/build
 per_test_timeout=${KTL_MUTANTS_TIMEOUT:-60}
 
-# name @@ file @@ exact original text @@ replacement ("\n" is a line break)
+# name @@ file @@ exact original text @@ replacement ("<NL>" is a line break)
 faults=$(cat <<'EOF'
 cpu threshold minimum @@ parse/limits.cpp @@ {"CPU", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 10} @@ {"CPU", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 11}
 disk threshold maximum @@ parse/limits.cpp @@ {"DISK", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 40}, {"THRESHOLD_MAX", 100}} @@ {"DISK", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 40}, {"THRESHOLD_MAX", 101}}
@@ -39,7 +39,7 @@ off with values trace dropped @@ parse/limits.cpp @@ TraceOffWithValues(kSigChec
 syslog pair count off by one @@ parse/check_param.cpp @@ return isCountWithin(pairs, 1) ? Outcome::kAcceptWithExitTrace : Outcome::kRefuse; @@ return isCountWithin(pairs, 2) ? Outcome::kAcceptWithExitTrace : Outcome::kRefuse;
 alert levels swapped @@ parse/check_param.cpp @@ strValue == "inf" ? 0 : strValue == "wrn" ? 1 : 2 @@ strValue == "inf" ? 1 : strValue == "wrn" ? 0 : 2
 nochk with three pairs @@ parse/check_param.cpp @@ if (pairs.size() != 2) return true; @@ if (pairs.size() < 2) return true;
-confirm asks for the session @@ parse/check_param.cpp @@ cmd.m_bSkipProcessCheck = true;\n  pExecMethod = &CLoggerConfigCmd::Confirm; @@ pExecMethod = &CLoggerConfigCmd::Confirm;
+confirm asks for the session @@ parse/check_param.cpp @@ cmd.m_bSkipProcessCheck = true;<NL>  pExecMethod = &CLoggerConfigCmd::Confirm; @@ pExecMethod = &CLoggerConfigCmd::Confirm;
 exception result @@ parse/check_param.cpp @@ const int kExceptionResult = 241; @@ const int kExceptionResult = 240;
 analyze error trace dropped @@ parse/check_param.cpp @@ logger_trace::Note(CTraceUtility::TRACE_DBG_PARAM, kSigCheckParam, "Parameter Analyze Error"); @@ (void)0;
 value compared as typed @@ parse/value_checkers.cpp @@ if (strEntry == strLower) { @@ if (strEntry == strValue) {
@@ -58,9 +58,9 @@ hold message dropped @@ config/value_writers.cpp @@ if (bShowHold) ShowMessage(l
 alert keys swapped @@ config/edit_commands.cpp @@ {"Information", "Warning", "Error"} @@ {"Information", "Error", "Warning"}
 hold shown after a failed write @@ config/edit_commands.cpp @@ if (bAllWritten) ShowMessage(logger_msg::kHoldParam); @@ ShowMessage(logger_msg::kHoldParam);
 next entry number off by one @@ config/mount_point_edit.cpp @@ return static_cast<int>(nLast) + 1; @@ return static_cast<int>(nLast) + 2;
-last listed entry taken @@ config/mount_point_edit.cpp @@ bFound = true;\n      break; @@ bFound = true;
+last listed entry taken @@ config/mount_point_edit.cpp @@ bFound = true;<NL>      break; @@ bFound = true;
 entry without a number rewritten @@ config/mount_point_edit.cpp @@ && listed.nIndex != kNoIndex) { @@ ) {
-mount hold message dropped @@ config/mount_point_edit.cpp @@ ShowMessage(logger_msg::kHoldParam);\n  logger_trace::Leave(kSigCmdMount); @@ logger_trace::Leave(kSigCmdMount);
+mount hold message dropped @@ config/mount_point_edit.cpp @@ ShowMessage(logger_msg::kHoldParam);<NL>  logger_trace::Leave(kSigCmdMount); @@ logger_trace::Leave(kSigCmdMount);
 merge switch from the wrong side @@ config/logger_conf_merge.cpp @@ if (!isSwitchSet(nThis)) nThis = nOther; @@ if (isSwitchSet(nOther)) nThis = nOther;
 merge values from the wrong side @@ config/logger_conf_merge.cpp @@ if (nOther != -1) nThis = nOther; @@ if (nThis == -1) nThis = nOther;
 merge disk list from the wrong side @@ config/logger_conf_merge.cpp @@ pSource = &own; @@ (void)own;
@@ -82,25 +82,25 @@ display name padding @@ display/section_fillers.cpp @@ "%-22s" @@ "%-21s"
 display lists every entry on @@ display/section_fillers.cpp @@ return (entry.nAvailable & 0x0F) == 1; @@ return isSwitchOn(entry.nAvailable);
 display text cut at a NUL @@ display/show.cpp @@ std::cout.write(strText.data(), static_cast<std::streamsize>(strText.size())); @@ std::cout << strText.c_str();
 display init trace text @@ display/show.cpp @@ const char kInitError[] = "TempleteContext Init Error"; @@ const char kInitError[] = "TemplateContext Init Error";
-host: edit lock not taken @@ devhost/lib/edit_session.cpp @@ while (flock(nFd, LOCK_EX) != 0) { @@ while (false) {
-host: command lock not taken @@ devhost/lib/command_lock.cpp @@ if (!MakeDirectories(strDir, strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false; @@ if (!MakeDirectories(strDir, strError)) return false;
-host: file not flushed to disk @@ devhost/lib/ini_store.cpp @@ } else if (eFlush == Flush::kToDisk && fsync(nFd) != 0) { @@ } else if (false) {
-host: prompt not flushed @@ devhost/lib/message_inquiry.cpp @@ std::cout << strQuestion << " [y/n]: " << std::flush; @@ std::cout << strQuestion << " [y/n]: ";
-host: audit line keeps line breaks @@ devhost/lib/audit_log.cpp @@ std::replace(strOneLine.begin(), strOneLine.end(), '\n', ' '); @@ (void)0;
-host: audit file overwritten @@ devhost/lib/append_file.cpp @@ O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC @@ O_WRONLY | O_CREAT | O_CLOEXEC
-host: error message result @@ devhost/lib/message.cpp @@ const int kErrorShownResult = 1; @@ const int kErrorShownResult = 0;
-host: message code width @@ devhost/lib/message.cpp @@ std::setw(8) @@ std::setw(6)
-host: exec after a failed check @@ devhost/ktl_cli.cpp @@ if (!StepSucceeded("CheckExec", command.CheckExec())) return kExitCommandFailed; @@ StepSucceeded("CheckExec", command.CheckExec());
-host: value word taken as option value @@ devhost/lib/command.cpp @@ if (i + 1 < vecParam.size() && !isOptionWord(vecParam[i + 1])) param.m_strValue = vecParam[++i]; @@ if (i + 1 < vecParam.size()) param.m_strValue = vecParam[++i];
-host: other session ignored @@ devhost/lib/tool_service_logger_acc.cpp @@ return kStatusHeldByOtherSession; @@ return kStatusOk;
-host: discard keeps the owner @@ devhost/lib/tool_service_logger_acc.cpp @@ if (!devhost::RemoveFile(files.strOwner, strError)) Report(strError); @@ (void)0;
-host: not-installed status @@ devhost/lib/tool_service_logger_acc.cpp @@ const int kStatusNotInstalled = 176; @@ const int kStatusNotInstalled = 175;
-host: edits restart from the effective file @@ devhost/lib/tool_service_logger_acc.cpp @@ eOwner == devhost::PendingOwner::kNone ? files.strEffective : files.strPending @@ files.strEffective
-host: empty pending file counts @@ devhost/lib/edit_session.cpp @@ return stat(strPendingFile.c_str(), &st) == 0 && st.st_size > 0; @@ return stat(strPendingFile.c_str(), &st) == 0;
-host: reused process id owns @@ devhost/lib/edit_session.cpp @@ return nNow == 0 || nNow == owner.nStartTime; @@ return true;
-host: trace levels not filtered @@ devhost/lib/trace_utility.cpp @@ if ((nLevel & devhost::TraceMask()) == 0 || pszFormat == nullptr) return; @@ if (pszFormat == nullptr) return;
-host: last entry not written @@ devhost/lib/logger_conf_ini.cpp @@ for (int nNumber = 1; nNumber <= nEntries; ++nNumber) { @@ for (int nNumber = 1; nNumber < nEntries; ++nNumber) {
-host: limit sign dropped @@ devhost/lib/profile.cpp @@ if (bNegative) llValue = -llValue; @@ (void)bNegative;
+host: edit lock not taken @@ devhost/service/edit_session.cpp @@ while (flock(nFd, LOCK_EX) != 0) { @@ while (false) {
+host: command lock not taken @@ devhost/files/command_lock.cpp @@ if (!MakeDirectories(strDir, strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false; @@ if (!MakeDirectories(strDir, strError)) return false;
+host: file not flushed to disk @@ devhost/files/ini_store.cpp @@ } else if (eFlush == Flush::kToDisk && fsync(nFd) != 0) { @@ } else if (false) {
+host: prompt not flushed @@ devhost/messages/message_inquiry.cpp @@ std::cout << strQuestion << " [y/n]: " << std::flush; @@ std::cout << strQuestion << " [y/n]: ";
+host: audit line keeps line breaks @@ devhost/command/audit_log.cpp @@ std::replace(strOneLine.begin(), strOneLine.end(), '\n', ' '); @@ (void)0;
+host: audit file overwritten @@ devhost/files/append_file.cpp @@ O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC @@ O_WRONLY | O_CREAT | O_CLOEXEC
+host: error message result @@ devhost/messages/message.cpp @@ const int kErrorShownResult = 1; @@ const int kErrorShownResult = 0;
+host: message code width @@ devhost/messages/message.cpp @@ std::setw(8) @@ std::setw(6)
+host: exec after a failed check @@ devhost/cli/ktl_cli.cpp @@ if (!StepSucceeded("CheckExec", command.CheckExec())) return kExitCommandFailed; @@ StepSucceeded("CheckExec", command.CheckExec());
+host: value word taken as option value @@ devhost/command/command.cpp @@ if (i + 1 < vecParam.size() && !isOptionWord(vecParam[i + 1])) param.m_strValue = vecParam[++i]; @@ if (i + 1 < vecParam.size()) param.m_strValue = vecParam[++i];
+host: other session ignored @@ devhost/service/tool_service_logger_acc.cpp @@ return kStatusHeldByOtherSession; @@ return kStatusOk;
+host: discard keeps the owner @@ devhost/service/tool_service_logger_acc.cpp @@ if (!devhost::RemoveFile(files.strOwner, strError)) Report(strError); @@ (void)0;
+host: not-installed status @@ devhost/service/tool_service_logger_acc.cpp @@ const int kStatusNotInstalled = 176; @@ const int kStatusNotInstalled = 175;
+host: edits restart from the effective file @@ devhost/service/tool_service_logger_acc.cpp @@ eOwner == devhost::PendingOwner::kNone ? files.strEffective : files.strPending @@ files.strEffective
+host: empty pending file counts @@ devhost/service/edit_session.cpp @@ return stat(strPendingFile.c_str(), &st) == 0 && st.st_size > 0; @@ return stat(strPendingFile.c_str(), &st) == 0;
+host: reused process id owns @@ devhost/service/edit_session.cpp @@ return nNow == 0 || nNow == owner.nStartTime; @@ return true;
+host: trace levels not filtered @@ devhost/utilities/trace_utility.cpp @@ if ((nLevel & devhost::TraceMask()) == 0 || pszFormat == nullptr) return; @@ if (pszFormat == nullptr) return;
+host: last entry not written @@ devhost/service/logger_conf_ini.cpp @@ for (int nNumber = 1; nNumber <= nEntries; ++nNumber) { @@ for (int nNumber = 1; nNumber < nEntries; ++nNumber) {
+host: limit sign dropped @@ devhost/utilities/profile.cpp @@ if (bNegative) llValue = -llValue; @@ (void)bNegative;
 EOF
 )
 
@@ -110,7 +110,7 @@ apply_fault() {
   python3 - "$src" "$@" <<'PY'
 import os, sys
 root, path, original, replacement = sys.argv[1:5]
-decode = lambda s: s.replace("\\n", "\n").replace("\\t", "\t")
+decode = lambda s: s.replace("<NL>", "\n")
 original, replacement = decode(original), decode(replacement)
 target = os.path.join(root, path)
 if not os.path.isfile(target):
@@ -132,7 +132,7 @@ mkdir -p "$src"
 if [[ -n $ref ]]; then
   git -C "$top" archive "$ref" | tar -x -C "$src"
 else
-  (cd "$top" && git ls-files -z --cached --others --exclude-standard | xargs -0 cp --parents -t "$src")
+  (cd "$top" && git ls-files -z --cached --others --exclude-standard | xargs -0 cp -p --parents -t "$src")
 fi
 
 echo "== building"
@@ -155,7 +155,11 @@ while IFS= read -r line; do
   file=${rest%% @@ *}; rest=${rest#* @@ }
   original=${rest%% @@ *}; replacement=${rest#* @@ }
   n=$((n + 1))
-  if [[ ${#only[@]} -gt 0 && ! " ${only[*]} " == *" $name "* ]]; then continue; fi
+  if [[ ${#only[@]} -gt 0 ]]; then
+    wanted=0
+    for pattern in "${only[@]}"; do [[ $name == *"$pattern"* ]] && wanted=1; done
+    [[ $wanted == 1 ]] || continue
+  fi
   changed=$(apply_fault "$file" "$original" "$replacement")
   if [[ -z $changed ]]; then
     result="n/a"; detail="$file: original text not found"
@@ -165,8 +169,7 @@ while IFS= read -r line; do
     result="SURVIVED"; detail=""
   else
     result="caught"
-    detail=$(grep -m1 -oE '[0-9]+ - [^ ]+ \((Failed|Timeout|SEGFAULT|Subprocess aborted|Exception)[^)]*\)' <<<"$log" || true)
-    detail=${detail#* - }
+    detail=$(grep -m1 '\*\*\*' <<<"$log" | sed -E 's/.*Test +#[0-9]+: ([^ ]+).*\*\*\*([A-Za-z]+).*/\1 (\2)/' || true)
   fi
   # Restored with a new time stamp, so that the next build recompiles it.
   if [[ -n $changed ]]; then mv "$changed.mutant-orig" "$changed" && touch "$changed"; fi
