@@ -1,6 +1,6 @@
 // INI files on disk: storable entries and atomic replacement. Malformed
 // files are explained through the logging tool's service.
-#include "devhost/lib/ini_store.h"
+#include "devhost/files/ini_store.h"
 
 #include <signal.h>
 #include <sys/resource.h>

@@ -1,5 +1,5 @@
 // The logger configuration record as INI, both ways.
-#include "devhost/lib/logger_conf_ini.h"
+#include "devhost/service/logger_conf_ini.h"
 
 #include "tests/devhost/devhost_test_support.h"
 

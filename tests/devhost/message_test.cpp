@@ -3,7 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "devhost/lib/message_catalogue.h"
+#include "devhost/messages/message_catalogue.h"
 #include "host/message.h"
 #include "tests/devhost/devhost_test_support.h"
 
