@@ -11,6 +11,7 @@
 // state directory (devhost/files/command_lock.h).
 #include <dlfcn.h>
 
+#include <cstring>
 #include <exception>
 #include <iomanip>
 #include <iostream>
@@ -18,9 +19,12 @@
 #include <string>
 #include <vector>
 
+#include "devhost/cli/standard_output.h"
+#include "devhost/command/audit_log.h"
 #include "devhost/files/command_lock.h"
 #include "devhost/command/current_command.h"
 #include "devhost/files/paths.h"
+#include "devhost/service/service_failure.h"
 #include "host/command.h"
 #include "host/trace_utility.h"
 
@@ -53,7 +57,10 @@ const char kUsage[] =
     "  3  the plug-in or its factory could not be loaded\n"
     "  4  the command stopped on an unexpected error\n"
     "\n"
-    "Environment (current value in brackets):\n";
+    "Environment (current value in brackets). The KTL_* variables are\n"
+    "development and test switches: they choose what ktl-cli loads, runs and\n"
+    "reads. Never let other users run ktl-cli through sudo with them kept\n"
+    "(env_keep); a set-user-ID ktl-cli ignores them.\n";
 
 typedef CCommand* (*CommandFactory)();
 
@@ -64,7 +71,8 @@ void PrintUsage(std::ostream& out) {
     std::string strValue;
   };
   const Variable variables[] = {
-      {"KTL_STATE_DIR", "state of the logging tool, edit sessions, audit.log", devhost::StateDir()},
+      {"KTL_STATE_DIR", "state of the logging tool, edit sessions, audit.log",
+       devhost::StateDir().empty() ? std::string("none: set HOME or KTL_STATE_DIR") : devhost::StateDir()},
       {"KTL_PLUGIN_DIR", "where libktl_cli-COMMAND.so is loaded from", devhost::PluginDir()},
       {"KTL_TEMPLATE_DIR", "display templates, NAME.mustache", devhost::TemplateDir()},
       {"KTL_CATALOGUE", "message catalogue (INI file)", devhost::CatalogueFile()},
@@ -74,6 +82,8 @@ void PrintUsage(std::ostream& out) {
       {"KTL_TRACE_FILE", "debug trace file", devhost::TraceFile()},
       {"KTL_TRACE_MASK", "enabled trace levels, a bit mask of 1|2|4|8|16; 0 = off",
        std::to_string(devhost::TraceMask())},
+      {"KTL_LOCK_TIMEOUT", "seconds to wait for another command's lock",
+       std::to_string(devhost::LockTimeoutSeconds())},
       {"TMPDIR", "where command output files are created", devhost::TempDir()},
   };
   out << kUsage;
@@ -132,9 +142,35 @@ int RunCommand(CCommand& command, const std::vector<std::string>& vecWords, cons
   return kExitSuccess;
 }
 
+devhost::CStandardOutputBuffer g_standardOutput;
+
+// Output that could not be written fails the command: a script reading it
+// would otherwise take a cut-off report for a whole one.
+int CheckStandardOutput(int nStatus) {
+  std::cout.flush();
+  const int nErrno = g_standardOutput.ErrorNumber();
+  if (std::cout.good() && nErrno == 0) return nStatus;
+  std::cerr << "ktl-cli: cannot write the command's output to standard output"
+            << (nErrno != 0 ? std::string(": ") + std::strerror(nErrno) : std::string()) << std::endl;
+  return nStatus == kExitSuccess ? kExitCommandFailed : nStatus;
+}
+
+// The end of a command that reached its execution step: its output is out
+// and its audit record tells how it ended.
+int FinishCommand(int nStatus) {
+  nStatus = CheckStandardOutput(nStatus);
+  std::string strError;
+  if (!devhost::EndAuditRecord(nStatus, strError)) {
+    std::cerr << "ktl-cli: the audit record of the command was not written: " << strError << std::endl;
+    if (nStatus == kExitSuccess) nStatus = kExitCommandFailed;
+  }
+  return nStatus;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  g_standardOutput.Install();
   if (argc < 2) {
     PrintUsage(std::cerr);
     return kExitUsage;
@@ -142,7 +178,7 @@ int main(int argc, char** argv) {
   const std::string strCommand = argv[1];
   if (strCommand == "--help" || strCommand == "-h") {
     PrintUsage(std::cout);
-    return kExitSuccess;
+    return CheckStandardOutput(kExitSuccess);
   }
   if (!isValidCommandName(strCommand)) {
     std::cerr << "ktl-cli: not a command name: " << strCommand << " (see ktl-cli --help)" << std::endl;
@@ -181,12 +217,17 @@ int main(int argc, char** argv) {
       std::cerr << "ktl-cli: the factory " << strFactory << " created no command" << std::endl;
       return kExitPluginUnavailable;
     }
-    return RunCommand(*pCommand, vecWords, strCommandLine);
+    const int nStatus = RunCommand(*pCommand, vecWords, strCommandLine);
+    pCommand.reset();
+    return FinishCommand(nStatus);
+  } catch (const devhost::CServiceFailure& e) {
+    std::cerr << "ktl-cli: " << e.what() << std::endl;
+    return FinishCommand(kExitCommandFailed);
   } catch (const std::exception& e) {
     std::cerr << "ktl-cli: the command \"" << strCommand << "\" stopped on an unexpected error: " << e.what()
               << std::endl;
   } catch (...) {
     std::cerr << "ktl-cli: the command \"" << strCommand << "\" stopped on an unexpected error" << std::endl;
   }
-  return kExitException;
+  return FinishCommand(kExitException);
 }

@@ -1,6 +1,6 @@
 // CCommand: the development host's command base. It groups the words of the
-// command line into option/value pairs and, as its execution step, writes the
-// command to the audit log.
+// command line into option/value pairs and, as its execution step, starts the
+// command's audit record (ktl-cli ends it with the exit status).
 #include "host/command.h"
 
 #include <unistd.h>
@@ -47,7 +47,7 @@ int CCommand::CheckExec() { return kOk; }
 
 int CCommand::Exec(std::string strCommand) {
   std::string strError;
-  if (!devhost::AppendAuditLine(GetPPID(), strCommand, strError)) {
+  if (!devhost::BeginAuditRecord(GetPPID(), strCommand, strError)) {
     std::cerr << "ktl-cli: the command was not run: its audit record could not be written (" << strError << ")"
               << std::endl;
     return kAuditNotWritten;

@@ -4,11 +4,14 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
+
+#include "devhost/files/safe_open.h"
 
 namespace devhost {
 
-bool AppendToFile(const std::string& strPath, const std::string& strText) {
-  const int fd = open(strPath.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
+bool AppendToFile(const std::string& strPath, const std::string& strText, std::string& strError) {
+  const int fd = OpenTrusted(strPath, O_WRONLY | O_APPEND | O_CREAT, 0600, strError);
   if (fd < 0) return false;
   ssize_t nWritten;
   do {
@@ -16,8 +19,11 @@ bool AppendToFile(const std::string& strPath, const std::string& strText) {
   } while (nWritten < 0 && errno == EINTR);
   const bool bComplete = nWritten == static_cast<ssize_t>(strText.size());
   const int nWriteError = nWritten < 0 ? errno : ENOSPC;  // a short write means a full disk
-  if (close(fd) != 0 && bComplete) return false;           // errno tells why
-  if (!bComplete) errno = nWriteError;
+  if (close(fd) != 0 && bComplete) {
+    strError = "cannot write " + strPath + ": " + std::strerror(errno);
+    return false;
+  }
+  if (!bComplete) strError = "cannot write " + strPath + ": " + std::strerror(nWriteError);
   return bComplete;
 }
 

@@ -12,6 +12,10 @@
 #include <sstream>
 #include <vector>
 
+#include "devhost/files/leftovers.h"
+#include "devhost/files/paths.h"
+#include "devhost/files/safe_open.h"
+
 namespace devhost {
 namespace {
 
@@ -87,10 +91,13 @@ bool Replace(const std::string& strTemp, const std::string& strPath, Flush eFlus
 }  // namespace
 
 IniRead ReadTextFile(const std::string& strPath, std::string& strContent, std::string& strError) {
-  const int nFd = open(strPath.c_str(), O_RDONLY | O_CLOEXEC);
+  // The host's own files must be the caller's; shipped files are taken as
+  // installed (a developer's checkout may well be group-writable).
+  const bool bStateFile = DirectoryOf(strPath) == StateDir();
+  const int nFd =
+      bStateFile ? OpenTrusted(strPath, O_RDONLY, 0, strError) : OpenNoFollow(strPath, O_RDONLY, 0, strError);
   if (nFd < 0) {
     if (errno == ENOENT) return IniRead::kMissing;
-    strError = "cannot open " + strPath + ": " + ErrnoText(errno);
     return IniRead::kError;
   }
   std::string strRead;
@@ -149,7 +156,7 @@ bool WriteIniFile(const std::string& strPath, const IniTree& tree, std::string& 
 
 bool WriteFileAtomically(const std::string& strPath, const std::string& strContent, std::string& strError,
                          Flush eFlush) {
-  std::string strTemplate = strPath + ".tmp.XXXXXX";
+  std::string strTemplate = TempFileTemplate(strPath + ".tmp.");
   std::vector<char> tempName(strTemplate.begin(), strTemplate.end());
   tempName.push_back('\0');
   const int nFd = mkostemp(tempName.data(), O_CLOEXEC);

@@ -1,12 +1,17 @@
 #include "devhost/files/paths.h"
 
+#include <stdlib.h>
+
 #include <cstdlib>
 
 namespace devhost {
 namespace {
 
+// The one place that reads the environment. A set-user-ID or set-group-ID
+// ktl-cli sees none of it (secure_getenv): the variables redirect what the
+// host loads, runs and reads, so they must not come from another user.
 std::string Env(const char* pszName) {
-  const char* pszValue = std::getenv(pszName);
+  const char* pszValue = secure_getenv(pszName);
   return pszValue ? std::string(pszValue) : std::string();
 }
 
@@ -25,7 +30,7 @@ std::string StateDir() {
   const std::string strXdg = Env("XDG_STATE_HOME");
   if (!strXdg.empty()) return strXdg + "/ktl-cli";
   const std::string strHome = Env("HOME");
-  return (strHome.empty() ? std::string("/tmp") : strHome + "/.local/state") + "/ktl-cli";
+  return strHome.empty() ? std::string() : strHome + "/.local/state/ktl-cli";
 }
 
 std::string PluginDir() { return EnvOr("KTL_PLUGIN_DIR", KTL_HOST_DEFAULT_PLUGIN_DIR); }
@@ -40,11 +45,22 @@ std::string UnderRoot(const std::string& strAbsolutePath) {
 }
 
 std::string MountCommand() { return EnvOr("KTL_MOUNT_CMD", "/bin/mount"); }
-std::string TraceFile() { return EnvOr("KTL_TRACE_FILE", StateDir() + "/trace.log"); }
+std::string TraceFile() {
+  const std::string strStateDir = StateDir();
+  return EnvOr("KTL_TRACE_FILE", strStateDir.empty() ? std::string() : strStateDir + "/trace.log");
+}
 
 unsigned TraceMask() {
   const std::string strMask = Env("KTL_TRACE_MASK");
   return strMask.empty() ? 0u : static_cast<unsigned>(std::strtoul(strMask.c_str(), nullptr, 0));
+}
+
+unsigned LockTimeoutSeconds() {
+  const std::string strSeconds = Env("KTL_LOCK_TIMEOUT");
+  char* pszEnd = nullptr;
+  const unsigned long nSeconds = std::strtoul(strSeconds.c_str(), &pszEnd, 10);
+  if (strSeconds.empty() || *pszEnd != '\0' || strSeconds[0] == '-' || nSeconds > 86400) return 30;
+  return static_cast<unsigned>(nSeconds);
 }
 
 std::string TempDir() { return EnvOr("TMPDIR", "/tmp"); }

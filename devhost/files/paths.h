@@ -15,7 +15,12 @@
 //   KTL_TRACE_FILE     the debug trace file; default <state>/trace.log
 //   KTL_TRACE_MASK     the enabled trace levels as a bit mask (1|2|4|8|16);
 //                      default 0, tracing off
+//   KTL_LOCK_TIMEOUT   seconds a command waits for another one's lock;
+//                      default 30
 //   TMPDIR             where command output files are created; default /tmp
+//
+// The KTL_* variables are development and test switches. A set-user-ID or
+// set-group-ID process ignores the whole environment here.
 #ifndef KTL_DEVHOST_PATHS_H
 #define KTL_DEVHOST_PATHS_H
 
@@ -23,6 +28,7 @@
 
 namespace devhost {
 
+// Empty when neither KTL_STATE_DIR, XDG_STATE_HOME nor HOME is set.
 std::string StateDir();
 std::string PluginDir();
 std::string TemplateDir();
@@ -33,6 +39,7 @@ std::string UnderRoot(const std::string& strAbsolutePath);
 std::string MountCommand();
 std::string TraceFile();
 unsigned TraceMask();
+unsigned LockTimeoutSeconds();
 std::string TempDir();
 
 }  // namespace devhost

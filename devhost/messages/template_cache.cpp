@@ -1,9 +1,8 @@
 #include "devhost/messages/template_cache.h"
 
-#include <fstream>
 #include <map>
-#include <iterator>
 
+#include "devhost/files/ini_store.h"
 #include "devhost/files/paths.h"
 
 namespace devhost {
@@ -19,10 +18,11 @@ std::map<std::string, ParsedTemplate>& Cache() {
 bool LoadTemplate(const std::string& strName, std::string& strError) {
   Cache().erase(strName);
   const std::string strFile = TemplateDir() + "/" + strName + ".mustache";
-  std::ifstream in(strFile, std::ios::binary);
-  const std::string strText((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  if (!in.is_open() || in.bad()) {
-    strError = "cannot read the template " + strFile;
+  std::string strText;
+  const IniRead eRead = ReadTextFile(strFile, strText, strError);
+  if (eRead != IniRead::kOk) {
+    strError = "cannot read the template " + strFile + ": " +
+               (eRead == IniRead::kMissing ? std::string("it does not exist") : strError);
     return false;
   }
   auto pTemplate = std::make_shared<kainjow::mustache::mustache>(strText);

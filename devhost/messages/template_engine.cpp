@@ -1,12 +1,15 @@
 // CTemplateEngine: renders a context's template with kainjow Mustache.
 //
 // A data item holding a std::string is a Mustache string; one holding a
-// vector of rows is a list of objects, one per row. Values are written as
-// they are, never HTML-escaped: the output is terminal text. A missing key
-// renders nothing, as Mustache does.
+// vector of rows is a list of objects, one per row. The output is terminal
+// text: values are not HTML-escaped, but their control bytes are written as
+// \xHH before any template sees them (templates insert values with triple
+// braces), so that a value, a mount point say, cannot drive the terminal. A
+// missing key renders nothing, as Mustache does.
 #include <iostream>
 
 #include "devhost/messages/template_cache.h"
+#include "devhost/utilities/terminal_text.h"
 #include "host/template_engine.h"
 
 namespace {
@@ -18,12 +21,12 @@ bool ToMustacheData(const std::map<std::string, boost::any>& mapData, kainjow::m
                     std::string& strError) {
   for (const auto& item : mapData) {
     if (const std::string* pText = boost::any_cast<std::string>(&item.second)) {
-      data.set(item.first, *pText);
+      data.set(item.first, devhost::EscapeControlBytes(*pText));
     } else if (const Rows* pRows = boost::any_cast<Rows>(&item.second)) {
       kainjow::mustache::data list = kainjow::mustache::data::type::list;
       for (const auto& row : *pRows) {
         kainjow::mustache::data object;
-        for (const auto& column : row) object.set(column.first, column.second);
+        for (const auto& column : row) object.set(column.first, devhost::EscapeControlBytes(column.second));
         list.push_back(object);
       }
       data.set(item.first, list);

@@ -9,24 +9,13 @@
 #include <cerrno>
 #include <cstring>
 #include <cstdlib>
-#include <fstream>
+#include <sstream>
+#include <iostream>
 
 #include "devhost/files/ini_store.h"
+#include "devhost/files/lock_file.h"
 
 namespace devhost {
-
-namespace {
-
-// Blocks until the exclusive lock on nFd is held; false (errno set) when it
-// cannot be taken.
-bool LockExclusively(int nFd) {
-  while (flock(nFd, LOCK_EX) != 0) {
-    if (errno != EINTR) return false;
-  }
-  return true;
-}
-
-}  // namespace
 
 CStateLock::~CStateLock() {
   // Closing the file releases the lock.
@@ -35,17 +24,21 @@ CStateLock::~CStateLock() {
 
 bool CStateLock::Acquire(const std::string& strLockFile, std::string& strError) {
   if (m_nFd >= 0) return true;
-  const int nFd = open(strLockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
-  if (nFd < 0) {
-    strError = "cannot open lock file " + strLockFile + ": " + std::strerror(errno);
-    return false;
+  int nFd = -1;
+  switch (OpenLockFile(strLockFile, nFd, strError)) {
+    case LockOpen::kOpened:
+      break;
+    case LockOpen::kNotNeeded:
+      return true;
+    case LockOpen::kFailed:
+      return false;
   }
-  if (!LockExclusively(nFd)) {
-    strError = "cannot lock " + strLockFile + ": " + std::strerror(errno);
+  if (!LockWaiting(nFd, strLockFile, false, strError)) {
     close(nFd);
     return false;
   }
   m_nFd = nFd;
+  m_strFile = strLockFile;
   return true;
 }
 
@@ -53,8 +46,11 @@ void CStateLock::Unlock() {
   if (m_nFd >= 0) flock(m_nFd, LOCK_UN);
 }
 
+// The command already ran part of its work under this lock: it waits for
+// it however long that takes rather than stop halfway.
 void CStateLock::Relock() {
-  if (m_nFd >= 0) LockExclusively(m_nFd);
+  std::string strError;
+  if (m_nFd >= 0 && !LockWaiting(m_nFd, m_strFile, true, strError)) std::cerr << "ktl-cli: " << strError << std::endl;
 }
 
 bool isProcessAlive(int nProcessId) {
@@ -100,7 +96,9 @@ struct COwnerRecord {
 };
 
 bool ReadOwnerRecord(const std::string& strOwnerFile, COwnerRecord& owner) {
-  std::ifstream file(strOwnerFile);
+  std::string strText, strError;
+  if (ReadTextFile(strOwnerFile, strText, strError) != IniRead::kOk) return false;
+  std::istringstream file(strText);
   COwnerRecord read;
   std::string strRest;
   if (!(file >> read.nProcessId) || read.nProcessId < 1) return false;

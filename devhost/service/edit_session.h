@@ -26,8 +26,10 @@ class CStateLock {
   CStateLock(const CStateLock&) = delete;
   CStateLock& operator=(const CStateLock&) = delete;
 
-  // Creates strLockFile when needed and blocks until the lock is held.
-  // False, with strError set, when the file cannot be opened or locked.
+  // Creates strLockFile when needed and waits until the lock is held (see
+  // devhost::LockWaiting). False, with strError set, when the file cannot be
+  // opened or locked. On a read-only directory without a lock file nothing
+  // can change, and Acquire succeeds without a lock.
   bool Acquire(const std::string& strLockFile, std::string& strError);
 
   // Lets the held lock go while keeping the file open, and takes it again
@@ -37,6 +39,7 @@ class CStateLock {
 
  private:
   int m_nFd = -1;
+  std::string m_strFile;
 };
 
 // True when a process nProcessId exists (even one this process may not

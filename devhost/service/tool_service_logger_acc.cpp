@@ -8,8 +8,10 @@
 //
 // The tool counts as installed when the configuration in effect or the
 // shipped default exists; on first use the configuration in effect is
-// created from the default. Failures other than "not installed" are
-// explained on standard error, naming the file concerned.
+// created from the default. A failure of these files stops the command with
+// a devhost::CServiceFailure naming the file concerned; "not installed", a
+// session's edits held by another and a value that cannot be stored are
+// answers, explained on standard error.
 #include "host/tool_service_logger_acc.h"
 
 #include <unistd.h>
@@ -19,7 +21,8 @@
 #include "devhost/service/edit_session.h"
 #include "devhost/files/ini_store.h"
 #include "devhost/service/logger_conf_ini.h"
-#include "devhost/files/make_directories.h"
+#include "devhost/service/service_failure.h"
+#include "devhost/files/state_directory.h"
 #include "devhost/files/paths.h"
 #include "host/trace_utility.h"
 
@@ -53,11 +56,17 @@ struct CStateFiles {
   std::string strDefault = devhost::DefaultConfFile();
 };
 
-void Report(const std::string& strMessage) {
+// An answer the plug-in acts on, explained on standard error.
+void Warn(const std::string& strMessage) {
   // An earlier failed write to standard error would keep the stream failed
   // and silence every later message.
   std::cerr.clear();
   std::cerr << "logger service: " << strMessage << '\n';
+}
+
+// A failure of the state's files stops the command (see service_failure.h).
+[[noreturn]] void Report(const std::string& strMessage) {
+  throw devhost::CServiceFailure("logger service: " + strMessage);
 }
 
 // Reads a configuration file; false (explained) when it is missing,
@@ -122,12 +131,12 @@ bool isInstalled(const CStateFiles& files) {
 // kStatusFailure.
 int OpenState(const CStateFiles& files, devhost::CStateLock& lock, bool bNeedEffective) {
   if (!isInstalled(files)) {
-    Report("the logging tool is not installed: neither " + files.strEffective + " nor " + files.strDefault +
+    Warn("the logging tool is not installed: neither " + files.strEffective + " nor " + files.strDefault +
            " exists");
     return kStatusNotInstalled;
   }
   std::string strError;
-  if (!devhost::MakeDirectories(files.strDir, strError) || !lock.Acquire(files.strLock, strError)) {
+  if (!devhost::PrepareStateDir(strError) || !lock.Acquire(files.strLock, strError)) {
     Report(strError);
     return kStatusFailure;
   }
@@ -220,7 +229,7 @@ bool CToolServiceLoggerAcc::Discard() {
   }
   // Without the pending file an owner record means nothing; a leftover one
   // is harmless, so failing to remove it does not fail the discard.
-  if (!devhost::RemoveFile(files.strOwner, strError)) Report(strError);
+  if (!devhost::RemoveFile(files.strOwner, strError)) Warn(strError);
   return true;
 }
 
@@ -247,7 +256,7 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
 
   std::string strError;
   if (!devhost::isStorableIniEntry(strSection, strKey, strValue, strError)) {
-    Report(strError);
+    Warn(strError);
     return false;
   }
   const CStateFiles files;
@@ -258,7 +267,7 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
   if (eOwner == devhost::PendingOwner::kOther) {
     int nOwner = 0;
     devhost::ReadOwner(files.strOwner, nOwner);
-    Report("the pending configuration belongs to session " + std::to_string(nOwner) + ", which is still running");
+    Warn("the pending configuration belongs to session " + std::to_string(nOwner) + ", which is still running");
     return false;
   }
   // Copy on write: the first edit starts from the configuration in effect.

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "devhost/utilities/format.h"
+#include "devhost/files/leftovers.h"
 #include "devhost/files/paths.h"
 
 extern char** environ;
@@ -26,7 +27,8 @@ extern char** environ;
 namespace {
 
 const char kMountCommand[] = "/bin/mount";
-const char kOutputFileTemplate[] = "/ktl-cmd-XXXXXX";
+// Output files: ktl-cmd-<pid>.XXXXXX in TMPDIR.
+const char kOutputFilePrefix[] = "ktl-cmd-";
 
 // Runs strCommand with /bin/sh, its standard output going to fdOutput, and
 // waits for it.
@@ -58,7 +60,10 @@ std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   va_end(args);
   if (strCommand == kMountCommand) strCommand = devhost::MountCommand();
 
-  const std::string strTemplate = devhost::TempDir() + kOutputFileTemplate;
+  const std::string strDir = devhost::TempDir();
+  // Output files of commands killed before their caller removed them.
+  devhost::RemoveLeftovers(strDir, kOutputFilePrefix, true);
+  const std::string strTemplate = strDir + "/" + devhost::TempFileTemplate(kOutputFilePrefix);
   std::vector<char> path(strTemplate.begin(), strTemplate.end());
   path.push_back('\0');
   // Mode 0600: the output may tell what is mounted where.

@@ -2,29 +2,29 @@
 // same name.
 //
 // An absolute file name is looked up under devhost::UnderRoot, so that tests and
-// development machines supply their own copy of an absolute path. Section and
-// key names match without regard to case and are never split at ".". The
-// value is read like the imitated API does: leading blanks skipped, an
-// optional sign, then decimal digits up to the first other character; a value
-// with no digit reads 0, and one beyond the range of int is clamped to it.
-// The default is returned for a missing or unreadable file, a missing section
-// or key, and an empty value. A malformed file is reported once per process
-// on standard error, naming the file and line, and gives the defaults.
+// development machines supply their own copy of an absolute path. The file
+// is read by the host's one INI reader (devhost/files/ini_store.h). Section
+// and key names match without regard to case and are never split at ".".
+// The value is read like the imitated API does: leading blanks skipped, an
+// optional sign, then decimal digits up to the first other character; a
+// value with no digit reads 0, and one beyond the range of int is clamped to
+// it. The default is returned for a missing file, section or key and an
+// empty value. An unreadable or malformed file is reported once per process
+// on standard error, naming the file and the error, and gives the defaults.
 #include "host/profile.h"
 
-#include <boost/property_tree/ini_parser.hpp>
-#include <boost/property_tree/ptree.hpp>
+#include <strings.h>
+
 #include <climits>
-#include <fstream>
+#include <iterator>
 #include <iostream>
 #include <set>
 #include <string>
 
+#include "devhost/files/ini_store.h"
 #include "devhost/files/paths.h"
 
 namespace {
-
-using CaseInsensitiveTree = boost::property_tree::iptree;
 
 // Files already reported as malformed in this process.
 bool isFirstReport(const std::string& strFile) {
@@ -48,20 +48,46 @@ int ParseProfileInt(const std::string& strValue) {
   return static_cast<int>(llValue);
 }
 
-// False when the file cannot be opened or is malformed.
-bool ReadIniFile(const std::string& strFile, CaseInsensitiveTree& tree) {
-  std::ifstream in(strFile);
-  if (!in) return false;
-  try {
-    boost::property_tree::read_ini(in, tree);
-  } catch (const boost::property_tree::ini_parser_error& e) {
-    if (isFirstReport(strFile)) {
-      std::cerr << "ktl-cli: " << strFile << ":" << e.line() << ": malformed INI file (" << e.message()
-                << "); its values are ignored and the defaults used" << std::endl;
+// The first name among tree's children that another one repeats without
+// regard to case, or nullptr. Names match that way, so a file holding such
+// a pair does not say which value it means.
+const std::string* RepeatedName(const devhost::IniTree& tree) {
+  for (auto it = tree.begin(); it != tree.end(); ++it) {
+    for (auto later = std::next(it); later != tree.end(); ++later) {
+      if (strcasecmp(it->first.c_str(), later->first.c_str()) == 0) return &later->first;
     }
-    return false;
   }
-  return true;
+  return nullptr;
+}
+
+// False when the file is missing, unreadable or malformed.
+bool ReadProfile(const std::string& strFile, devhost::IniTree& tree) {
+  std::string strError;
+  switch (devhost::ReadIniFile(strFile, tree, strError)) {
+    case devhost::IniRead::kOk: {
+      const std::string* pRepeated = RepeatedName(tree);
+      for (auto section = tree.begin(); !pRepeated && section != tree.end(); ++section) {
+        pRepeated = RepeatedName(section->second);
+      }
+      if (!pRepeated) return true;
+      strError = strFile + ": malformed INI file: \"" + *pRepeated + "\" appears twice (names ignore case)";
+      break;
+    }
+    case devhost::IniRead::kMissing:
+      return false;
+    case devhost::IniRead::kError:
+      break;
+  }
+  if (isFirstReport(strFile)) std::cerr << "ktl-cli: " << strError << "; the defaults are used" << std::endl;
+  return false;
+}
+
+// The child of tree named strName without regard to case, or nullptr.
+const devhost::IniTree* FindCaseInsensitive(const devhost::IniTree& tree, const char* pszName) {
+  for (const auto& child : tree) {
+    if (strcasecmp(child.first.c_str(), pszName) == 0) return &child.second;
+  }
+  return nullptr;
 }
 
 }  // namespace
@@ -70,15 +96,13 @@ extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey,
                                      const char* pszFileName) {
   if (pszSection == nullptr || pszKey == nullptr || pszFileName == nullptr) return nDefault;
   try {
-    CaseInsensitiveTree tree;
+    devhost::IniTree tree;
     const std::string strFile = pszFileName[0] == '/' ? devhost::UnderRoot(pszFileName) : pszFileName;
-    if (!ReadIniFile(strFile, tree)) return nDefault;
-    // find() looks one name up among the direct children, case-insensitively.
-    const auto section = tree.find(pszSection);
-    if (section == tree.not_found()) return nDefault;
-    const auto key = section->second.find(pszKey);
-    if (key == section->second.not_found() || key->second.data().empty()) return nDefault;
-    return ParseProfileInt(key->second.data());
+    if (!ReadProfile(strFile, tree)) return nDefault;
+    const devhost::IniTree* pSection = FindCaseInsensitive(tree, pszSection);
+    const devhost::IniTree* pKey = pSection ? FindCaseInsensitive(*pSection, pszKey) : nullptr;
+    if (pKey == nullptr || pKey->data().empty()) return nDefault;
+    return ParseProfileInt(pKey->data());
   } catch (...) {
     // A C function: nothing may escape it.
     return nDefault;

@@ -27,7 +27,8 @@ void AppendTraceLine(const char* pszModule, unsigned nLevel, const char* pszForm
     if ((nLevel & devhost::TraceMask()) == 0 || pszFormat == nullptr) return;
     const std::string strLine = devhost::LocalTimestamp() + " " + (pszModule ? pszModule : "-") + " " +
                                 std::to_string(nLevel) + " " + devhost::FormatV(pszFormat, args) + "\n";
-    devhost::AppendToFile(devhost::TraceFile(), strLine);
+    std::string strIgnored;
+    devhost::AppendToFile(devhost::TraceFile(), strLine, strIgnored);
   } catch (...) {
     // Dropped: tracing must never change what the command does.
   }

@@ -1,9 +1,7 @@
-// CCommand of the development host: word grouping, the audit log written by
-// Exec and the session id.
-#include <unistd.h>
-
+// CCommand of the development host: word grouping. The audit record that
+// Exec starts is tested through ktl-cli (tests/cli/audit.t).
 #include "host/command.h"
-#include "tests/devhost/devhost_test_support.h"
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -41,30 +39,6 @@ TEST(CommandTest, GroupsOptionsWithTheirValuesReplacingTheLastLine) {
     EXPECT_EQ(command.CheckParam(c.vecWords) == 0, c.bGrouped) << c.name;
     EXPECT_EQ(command.Grouped(), c.pairs) << c.name;
   }
-}
-
-class CommandExecTest : public devhost_test::DevhostTest {};
-
-// Exec records the command on one line, creating the state directory; when
-// the record cannot be written the command does not run.
-TEST_F(CommandExecTest, AppendsOneAuditLinePerCommandOrFailsNamingTheLog) {
-  SetEnv("KTL_STATE_DIR", Path("new/state"));
-  CGroupingProbe command;
-  ASSERT_EQ(command.Exec("logger -confirm cur"), 0);
-  ASSERT_EQ(command.Exec("logger -mp /data\n-save"), 0);
-  const std::string strSession = "session=" + std::to_string(getppid());
-  const std::vector<std::string> vecLines = devhost_test::Lines(devhost_test::ReadFile(Path("new/state/audit.log")));
-  ASSERT_EQ(vecLines.size(), 2u);
-  EXPECT_EQ(devhost_test::AfterTimestamp(vecLines[0]), strSession + " logger -confirm cur");
-  EXPECT_EQ(devhost_test::AfterTimestamp(vecLines[1]), strSession + " logger -mp /data -save");
-
-  devhost_test::WriteFile(Path("plain-file"), "");
-  SetEnv("KTL_STATE_DIR", Path("plain-file/state"));
-  ::testing::internal::CaptureStderr();
-  EXPECT_NE(command.Exec("logger -save"), 0);
-  const std::string strError = ::testing::internal::GetCapturedStderr();
-  EXPECT_NE(strError.find("audit record could not be written"), std::string::npos) << strError;
-  EXPECT_NE(strError.find(Path("plain-file")), std::string::npos) << strError;
 }
 
 }  // namespace

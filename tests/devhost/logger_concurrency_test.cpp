@@ -3,10 +3,10 @@
 // the test process, so all of them edit for the same session.
 //
 // A save killed after writing its temporary file but before renaming it
-// leaves "logger.ini.tmp.XXXXXX" behind. Such a file is harmless: every
-// temporary file gets a fresh unique name, nothing ever reads one, and the
-// next save replaces logger.ini by renaming its own. The kill test checks
-// that the next save works.
+// leaves "logger.ini.tmp.PID.XXXXXX" behind. Such a file is harmless: every
+// temporary file gets a fresh unique name, nothing ever reads one, the next
+// save replaces logger.ini by renaming its own, and the next command removes
+// it (tests/cli/leftovers.t). The kill test checks that the next save works.
 #include <signal.h>
 #include <sys/stat.h>
 

@@ -71,7 +71,7 @@ TEST_F(MessageTest, CodesUnknownIdentifiersAndBrokenCataloguesAreExplained) {
       {nullptr, "MSG_CLI_ERROR_APPLICATION", 0xFF000001UL, 1, "", " (code 0xFF000001)\n"},
       {nullptr, "MSG_CLI_NO_SUCH_MESSAGE", 0, 1, "", "MSG_CLI_NO_SUCH_MESSAGE"},
       {"missing.ini", "MSG_CLI_COMPLATE_SAVE", 0, 0, "MSG_CLI_COMPLATE_SAVE", Path("missing.ini")},
-      {"bad.ini", "MSG_CLI_ERROR_COMMAND", 0, 1, "", Path("bad.ini") + " is malformed at line 3"},
+      {"bad.ini", "MSG_CLI_ERROR_COMMAND", 0, 1, "", Path("bad.ini") + ":3: malformed INI file"},
   };
   for (const auto& c : cases) {
     if (c.catalogue) SetEnv("KTL_CATALOGUE", Path(c.catalogue));

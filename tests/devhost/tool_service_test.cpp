@@ -5,6 +5,7 @@
 
 #include <sstream>
 
+#include "devhost/service/service_failure.h"
 #include "tests/devhost/devhost_test_support.h"
 
 namespace {
@@ -51,8 +52,15 @@ TEST_F(ToolServiceTest, FirstUseCopiesAValidDefaultAndBrokenFilesAreExplained) {
     if (c.pszFile) WriteFile(Path(c.pszFile), c.strText);
     Velmora_LoggerConf conf;
     CaptureStderr();
-    EXPECT_EQ(CToolServiceLoggerAcc().GetParameter(conf), c.nResult) << c.strText;
-    const std::string strMessage = GetCapturedStderr();
+    int nResult = 1;
+    std::string strMessage;
+    try {
+      nResult = CToolServiceLoggerAcc().GetParameter(conf);
+    } catch (const devhost::CServiceFailure& e) {
+      strMessage = e.what();
+    }
+    EXPECT_EQ(nResult, c.nResult) << c.strText;
+    strMessage += GetCapturedStderr();
     if (c.expected) {
       EXPECT_NE(strMessage.find((c.pszFile ? Path(c.pszFile) : "") + c.expected), std::string::npos) << strMessage;
     }
@@ -60,7 +68,7 @@ TEST_F(ToolServiceTest, FirstUseCopiesAValidDefaultAndBrokenFilesAreExplained) {
     EXPECT_EQ(ReadFile(Effective()), bCopied ? c.strText : "") << "a broken default is not copied";
     EXPECT_EQ(std::filesystem::exists(m_strStateDir), c.nResult != 176) << c.strText;
   }
-  EXPECT_EQ(CToolServiceLoggerAcc().initWrite(m_nSelf), 1) << "nor used by an edit";
+  EXPECT_THROW(CToolServiceLoggerAcc().initWrite(m_nSelf), devhost::CServiceFailure) << "nor used by an edit";
 }
 
 // Edits go to a copy of the effective configuration made on the first write;
@@ -99,9 +107,12 @@ TEST_F(ToolServiceTest, EditSaveAndDiscardTouchOnlyTheirOwnFile) {
   EXPECT_EQ(devhost_test::Names(m_strStateDir), (std::vector<std::string>{"logger.ini", "logger.lock"}));
   EXPECT_TRUE(acc.Discard()) << "nothing pending";
   WriteFile(Pending() + "/inside", "a pending file that cannot be removed");
-  CaptureStderr();
-  EXPECT_FALSE(acc.Discard());
-  EXPECT_NE(GetCapturedStderr().find("cannot remove " + Pending()), std::string::npos);
+  try {
+    acc.Discard();
+    ADD_FAILURE() << "a pending file that cannot be removed fails the discard";
+  } catch (const devhost::CServiceFailure& e) {
+    EXPECT_NE(std::string(e.what()).find("cannot remove " + Pending()), std::string::npos) << e.what();
+  }
 }
 
 // Pending edits belong to the session recorded in the owner file while that

@@ -1,0 +1,92 @@
+#include "devhost/files/safe_open.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace devhost {
+namespace {
+
+std::string OctalMode(mode_t nMode) {
+  char buffer[8];
+  std::snprintf(buffer, sizeof buffer, "%04o", static_cast<unsigned>(nMode & 07777));
+  return buffer;
+}
+
+// What is wrong with an object of the given status, or "" when nothing is.
+std::string TrustProblem(const struct stat& st) {
+  const uid_t nCaller = geteuid();
+  if (st.st_uid != nCaller && st.st_uid != 0) {
+    return "it belongs to uid " + std::to_string(st.st_uid) + ", not to you (uid " + std::to_string(nCaller) + ")";
+  }
+  if (st.st_mode & (S_IWGRP | S_IWOTH)) {
+    return "group or others can write it (mode " + OctalMode(st.st_mode) + "; chmod go-w fixes that)";
+  }
+  return std::string();
+}
+
+}  // namespace
+
+int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError) {
+  int nFd;
+  do {
+    nFd = open(strPath.c_str(), nFlags | O_NOFOLLOW | O_CLOEXEC, nMode);
+  } while (nFd < 0 && errno == EINTR);
+  if (nFd < 0) {
+    const int nErrno = errno;
+    strError = "cannot open " + strPath + ": " +
+               (nErrno == ELOOP ? std::string("it is a symbolic link, which is not followed") : std::strerror(nErrno));
+    errno = nErrno;
+    return -1;
+  }
+  return nFd;
+}
+
+bool isTrustedFile(int nFd, const std::string& strPath, std::string& strError) {
+  struct stat st;
+  if (fstat(nFd, &st) != 0) {
+    strError = "cannot check " + strPath + ": " + std::strerror(errno);
+    return false;
+  }
+  if (!S_ISREG(st.st_mode)) {
+    strError = "refusing " + strPath + ": it is not a regular file";
+    return false;
+  }
+  const std::string strProblem = TrustProblem(st);
+  if (strProblem.empty()) return true;
+  strError = "refusing " + strPath + ": " + strProblem;
+  return false;
+}
+
+bool isTrustedDirectory(const std::string& strPath, std::string& strError) {
+  struct stat st;
+  if (stat(strPath.c_str(), &st) != 0) {
+    strError = "cannot check " + strPath + ": " + std::strerror(errno);
+    return false;
+  }
+  if (!S_ISDIR(st.st_mode)) {
+    strError = "refusing " + strPath + ": it is not a directory";
+    return false;
+  }
+  const std::string strProblem = TrustProblem(st);
+  if (strProblem.empty()) return true;
+  strError = "refusing " + strPath + ": " + strProblem;
+  return false;
+}
+
+int OpenTrusted(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError) {
+  const int nFd = OpenNoFollow(strPath, nFlags, nMode, strError);
+  if (nFd < 0) return -1;
+  if (!isTrustedFile(nFd, strPath, strError)) {
+    close(nFd);
+    errno = EPERM;
+    return -1;
+  }
+  return nFd;
+}
+
+}  // namespace devhost

@@ -1,0 +1,38 @@
+// Opening the development host's files so that nobody else can steer them.
+//
+// Every file is opened without following a symbolic link in its last
+// component (a link planted in place of audit.log would otherwise make a
+// root ktl-cli append to whatever it points at) and without leaking the
+// descriptor into the commands the host runs. Files that the host keeps, and
+// the directory they live in, must belong to the caller (or to root) and must
+// not be writable by group or others, as ssh demands of its keys: otherwise
+// another user could change what the host reads or shows.
+#ifndef KTL_DEVHOST_SAFE_OPEN_H
+#define KTL_DEVHOST_SAFE_OPEN_H
+
+#include <sys/types.h>
+
+#include <string>
+
+namespace devhost {
+
+// open(2) with O_NOFOLLOW and O_CLOEXEC added; a file it creates gets nMode
+// (less the umask). -1 with errno set on failure, and strError naming the
+// file and the system error.
+int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError);
+
+// True when the open file nFd is a regular file owned by the caller or root
+// that group and others cannot write. Otherwise strError names strPath and
+// what is wrong with it.
+bool isTrustedFile(int nFd, const std::string& strPath, std::string& strError);
+
+// The same rule for a directory, by its path.
+bool isTrustedDirectory(const std::string& strPath, std::string& strError);
+
+// OpenNoFollow, then isTrustedFile: the descriptor, or -1 with strError set
+// (and the file closed again) when either fails.
+int OpenTrusted(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError);
+
+}  // namespace devhost
+
+#endif

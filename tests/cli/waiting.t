@@ -1,0 +1,27 @@
+A command waits for the one before it on the same state directory. After
+about a second it says whom it waits for, and it gives up after
+KTL_LOCK_TIMEOUT seconds:
+
+  $ ktl-cli logger -syslogoutput on > /dev/null
+  $ state=~/.local/state/ktl-cli
+  $ flock $state/ktl-cli.lock sleep 2.5 &
+  $ sleep 0.3
+  $ KTL_LOCK_TIMEOUT=2 ktl-cli logger -confirm cur
+  ktl-cli: waiting for /*/ktl-cli/ktl-cli.lock, held by another command (pid *) (glob)
+  ktl-cli: gave up waiting for /*/ktl-cli/ktl-cli.lock after 2 s: it is held by another command (pid *) (KTL_LOCK_TIMEOUT sets the wait) (glob)
+  [1]
+  $ wait
+
+A read-only state directory can still be looked at, with or without its lock
+files; a change is refused, naming the file and the system error:
+
+  $ unshare -m sh -c "mount --bind -o ro $state $state && ktl-cli logger -confirm edit | head -3"
+  Logger configuration
+  
+    Syslog output           : On
+  $ ktl-cli logger -discard -nochk > /dev/null
+  $ rm $state/*.lock
+  $ unshare -m sh -c "mount --bind -o ro $state $state && ktl-cli logger -confirm cur | head -1 && ktl-cli logger -syslogoutput off"
+  Logger configuration
+  ktl-cli: logger service: cannot replace /*/ktl-cli/logger.edit.owner: cannot create a temporary file: Read-only file system (glob)
+  [1]
