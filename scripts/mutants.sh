@@ -99,6 +99,10 @@ host: edits restart from the effective file @@ devhost/service/tool_service_logg
 host: empty pending file counts @@ devhost/service/edit_session.cpp @@ return stat(strPendingFile.c_str(), &st) == 0 && st.st_size > 0; @@ return stat(strPendingFile.c_str(), &st) == 0;
 host: reused process id owns @@ devhost/service/edit_session.cpp @@ return nNow == 0 || nNow == owner.nStartTime; @@ return true;
 host: trace levels not filtered @@ devhost/utilities/trace_utility.cpp @@ if ((nLevel & devhost::TraceMask()) == 0 || pszFormat == nullptr) return; @@ if (pszFormat == nullptr) return;
+host: state lock not taken @@ devhost/files/lock_file.cpp @@ while (flock(nFd, LOCK_EX | LOCK_NB) != 0) { @@ while (false) {
+host: command lock not taken after the state check @@ devhost/files/command_lock.cpp @@ if (!PrepareStateDir(strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false; @@ if (!PrepareStateDir(strError)) return false;
+host: appended file opened without O_APPEND @@ devhost/files/append_file.cpp @@ O_WRONLY | O_APPEND | O_CREAT, 0600 @@ O_WRONLY | O_CREAT, 0600
+host: discard keeps the owner, warned @@ devhost/service/tool_service_logger_acc.cpp @@ if (!devhost::RemoveFile(files.strOwner, strError)) Warn(strError); @@ (void)0;
 host: last entry not written @@ devhost/service/logger_conf_ini.cpp @@ for (int nNumber = 1; nNumber <= nEntries; ++nNumber) { @@ for (int nNumber = 1; nNumber < nEntries; ++nNumber) {
 host: limit sign dropped @@ devhost/utilities/profile.cpp @@ if (bNegative) llValue = -llValue; @@ (void)bNegative;
 EOF
