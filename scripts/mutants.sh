@@ -130,14 +130,40 @@ if target:
 PY
 }
 
+# Brings the scratch tree to the sources' content: a file is rewritten only
+# when its content differs, so that the next build recompiles exactly what
+# changed since the last run (faults are undone with a new time stamp).
+sync_tree() {
+  python3 - "$1" "$2" <<'PY'
+import filecmp, os, shutil, sys
+stage, src = sys.argv[1:3]
+wanted = set()
+for d, _, files in os.walk(stage):
+    for name in files:
+        rel = os.path.relpath(os.path.join(d, name), stage)
+        wanted.add(rel)
+        target = os.path.join(src, rel)
+        if not os.path.isfile(target) or not filecmp.cmp(os.path.join(stage, rel), target, shallow=False):
+            os.makedirs(os.path.dirname(target), exist_ok=True)
+            shutil.copy(os.path.join(stage, rel), target)
+for d, _, files in os.walk(src):
+    for name in files:
+        if os.path.relpath(os.path.join(d, name), src) not in wanted:
+            os.remove(os.path.join(d, name))
+PY
+}
+
 echo "== copying the sources ${ref:+of $ref }to $src"
-rm -rf "$src"
-mkdir -p "$src"
+stage=$scratch/stage
+rm -rf "$stage"
+mkdir -p "$stage" "$src"
 if [[ -n $ref ]]; then
-  git -C "$top" archive "$ref" | tar -x -C "$src"
+  git -C "$top" archive "$ref" | tar -x -C "$stage"
 else
-  (cd "$top" && git ls-files -z --cached --others --exclude-standard | xargs -0 cp -p --parents -t "$src")
+  (cd "$top" && git ls-files -z --cached --others --exclude-standard | xargs -0 cp --parents -t "$stage")
 fi
+sync_tree "$stage" "$src"
+rm -rf "$stage"
 
 echo "== building"
 cmake -S "$src" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug >/dev/null
