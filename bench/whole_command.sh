@@ -4,12 +4,21 @@
 # run so that the ratios share the machine's load. "ktl-cli --help" runs
 # beside them: the start of ktl-cli and the C++ runtime without any command,
 # the floor under every command.
-#   bench/whole_command.sh [BUILD_DIR]      (default: build-bench, a Release build)
+#   bench/whole_command.sh [BUILD_DIR [BASELINE_BUILD_DIR]]
+# BUILD_DIR defaults to build-bench, a Release build. With a baseline (a
+# Release build of an earlier commit) its ktl-cli makes the same edit in the
+# same run, "before" beside "after".
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 build_dir=$(cd "${1:-$top/build-bench}" && pwd)
 cli="$build_dir/devhost/ktl-cli"
 [ -x "$cli" ] || { echo "whole_command: no $cli; build with KTL_BUILD_BENCH=ON first (bench/README.md)" >&2; exit 1; }
+baseline=()
+if [ -n "${2:-}" ]; then
+  baseline_cli=$(cd "$2" && pwd)/devhost/ktl-cli
+  [ -x "$baseline_cli" ] || { echo "whole_command: no $baseline_cli" >&2; exit 1; }
+  baseline=(-n ktl-cli-before "$baseline_cli logger -syslogoutput on")
+fi
 for tool in hyperfine crudini; do
   command -v "$tool" >/dev/null || { echo "whole_command: $tool is missing; run scripts/setup.sh" >&2; exit 1; }
 done
@@ -30,11 +39,19 @@ cp "$KTL_DEFAULT_CONF" "$work/crudini.ini"
 
 # hyperfine starts the commands itself (--shell=none): ktl-cli's edit session
 # belongs to its parent process, so every run is the same session's edit.
+# A one-shot command must not load the shell's line-editing library: only
+# `ktl-cli` alone on a terminal loads libktl_shell.so and with it libedit.
+echo "libraries that ktl-cli links:  $(ldd "$cli" | awk '{print $1}' | tr '\n' ' ')"
+loaded=$(LD_DEBUG=files "$cli" logger -confirm cur 2>&1 >/dev/null | grep -c 'file=.*libedit' || true)
+echo "libedit loaded by a one-shot command: $loaded time(s)"
+[ "$loaded" -eq 0 ] || { echo "whole_command: a one-shot command loaded libedit" >&2; exit 1; }
+
 hyperfine --shell=none --warmup 20 --min-runs 300 --export-json "$work/runs.json" \
   -n ktl-cli "$cli logger -syslogoutput on" \
   -n crudini "crudini --set $work/crudini.ini Syslog Output 0x11" \
   -n true "/bin/true" \
-  -n ktl-cli-start "$cli --help"
+  -n ktl-cli-start "$cli --help" \
+  "${baseline[@]}"
 
 python3 - "$work/runs.json" <<'PY'
 import json, sys
@@ -57,4 +74,33 @@ start, true = runs["ktl-cli-start"], runs["true"]
 print(f"ktl-cli --help alone: median {start['median']*1e3:.3f} ms = {start['median']/true['median']:.2f} x true;"
       f" user+sys {(start['user']+start['system'])*1e3:.3f} ms = "
       f"{(start['user']+start['system'])/(true['user']+true['system']):.2f} x true")
+if "ktl-cli-before" in runs:
+    # hyperfine runs one command after the other; the interleaved runs
+    # below share the machine's load between before and after.
+    before, after = runs["ktl-cli-before"], runs["ktl-cli"]
+    print(f"one-shot edit before {before['median']*1e3:.3f} ms, after {after['median']*1e3:.3f} ms (median):"
+          f" after/before {after['median']/before['median']:.3f}; user+sys"
+          f" {(after['user']+after['system'])/(before['user']+before['system']):.3f}")
 PY
+
+if [ "${#baseline[@]}" -gt 0 ]; then
+  python3 - "$cli" "$baseline_cli" <<'PY'
+import os, resource, statistics, subprocess, sys, time
+after_cli, before_cli = sys.argv[1], sys.argv[2]
+times = {"before": [], "after": []}
+cpu = {"before": 0.0, "after": 0.0}
+rounds = 400
+for i in range(rounds):
+    for name, cli in (("before", before_cli), ("after", after_cli)) if i % 2 else (("after", after_cli), ("before", before_cli)):
+        usage = resource.getrusage(resource.RUSAGE_CHILDREN)
+        start = time.perf_counter()
+        subprocess.run([cli, "logger", "-syslogoutput", "on"], stdout=subprocess.DEVNULL, check=True)
+        times[name].append(time.perf_counter() - start)
+        done = resource.getrusage(resource.RUSAGE_CHILDREN)
+        cpu[name] += (done.ru_utime - usage.ru_utime) + (done.ru_stime - usage.ru_stime)
+b, a = statistics.median(times["before"]), statistics.median(times["after"])
+print(f"interleaved, {rounds} runs each: median before {b*1e3:.3f} ms, after {a*1e3:.3f} ms, after/before {a/b:.3f};"
+      f" user+sys per run before {cpu['before']/rounds*1e3:.3f} ms, after {cpu['after']/rounds*1e3:.3f} ms,"
+      f" after/before {cpu['after']/cpu['before']:.3f}")
+PY
+fi

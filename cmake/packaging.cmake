@@ -69,3 +69,16 @@ set(CPACK_COMPONENT_HOST_DESCRIPTION
 set(CPACK_COMPONENT_HOST_DEPENDS logger)
 
 include(CPack)
+
+# ---- ktl-cli-host: help, shell, manual pages and completion ----
+# The shell module lives beside libktl_host.so, where ktl-cli loads it from;
+# command descriptions lie beside the plug-ins they describe; the bash
+# completion goes where Debian's bash-completion loads it on demand.
+install(TARGETS ktl_shell LIBRARY DESTINATION "${KTL_HOST_LIB_DIR}" COMPONENT host)
+install(FILES "${PROJECT_SOURCE_DIR}/devhost/descriptions/logger.command.ini"
+        DESTINATION "${KTL_INSTALL_PLUGIN_DIR}" COMPONENT host)
+install(FILES "${PROJECT_SOURCE_DIR}/devhost/man/ktl-cli.1" "${PROJECT_SOURCE_DIR}/devhost/man/ktl-cli-logger.1"
+        DESTINATION share/man/man1 COMPONENT host)
+install(FILES "${PROJECT_SOURCE_DIR}/devhost/completion/ktl-cli"
+        DESTINATION share/bash-completion/completions COMPONENT host)
+# ---- end of help, shell, manual pages and completion ----

@@ -51,7 +51,12 @@ expect_paths "$host_deb" \
   /usr/lib/ktl-cli/libktl_host.so \
   /usr/share/ktl-cli/templates/logger.mustache \
   /usr/share/ktl-cli/catalogue/messages.ini \
-  /usr/share/ktl-cli/default/logger.ini
+  /usr/share/ktl-cli/default/logger.ini \
+  /usr/lib/ktl-cli/libktl_shell.so \
+  /opt/velmora/ktl/cli/plugins/logger.command.ini \
+  /usr/share/man/man1/ktl-cli.1 \
+  /usr/share/man/man1/ktl-cli-logger.1 \
+  /usr/share/bash-completion/completions/ktl-cli
 dpkg-deb -f "$logger_deb" Package >/dev/null
 [ "$(dpkg-deb --ctrl-tarfile "$logger_deb" | tar -xO ./conffiles)" = /opt/velmora/ktl/cli/LoggerParams.ini ] ||
   fail "LoggerParams.ini is not a conffile"
@@ -71,6 +76,8 @@ report=$(env -u KTL_PLUGIN_DIR -u KTL_TEMPLATE_DIR -u KTL_CATALOGUE -u KTL_DEFAU
   fail "the installed ktl-cli failed: $report"
 grep -q 'CPU' <<<"$report" || fail "the installed ktl-cli printed no report: $report"
 echo "$report"
+KTL_STATE_DIR="$state_dir" /usr/bin/ktl-cli help logger | grep -q -- '-device cpu|mem|disk' ||
+  fail "the installed ktl-cli has no help for logger"
 
 echo "== remove"
 dpkg --purge "${packages[@]}" >/dev/null

@@ -15,6 +15,9 @@ packages=(
   libbenchmark-dev hyperfine crudini   # benchmarks (bench/)
   abigail-tools              # abidw / abidiff: the binary contract guard
   python3-cram               # ktl-cli sessions as cram transcripts (tests/cli)
+  libedit-dev                # line editing and history of the ktl-cli shell
+  man-db groff-base          # the manual pages' rendering test (man --warnings)
+  bash-completion bsdutils   # ktl-cli's bash completion; script(1) for the shell's test
   dpkg-dev file              # cpack's Debian dependency step (dpkg-shlibdeps)
 )
 

@@ -3,7 +3,11 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
 #include <iostream>
+#include <string>
+
+#include "devhost/cli/drive_command.h"
 
 namespace devhost {
 
@@ -42,6 +46,25 @@ bool CStandardOutputBuffer::Flush() {
   }
   setp(m_buffer, m_buffer + sizeof m_buffer);
   return m_nErrno == 0;
+}
+
+CStandardOutputBuffer& StandardOutput() {
+  static CStandardOutputBuffer buffer;
+  return buffer;
+}
+
+int CheckStandardOutput(int nStatus) {
+  std::cout.flush();
+  const int nErrno = StandardOutput().ErrorNumber();
+  if (std::cout.good() && nErrno == 0) return nStatus;
+  // Said once, though both the command's end and ktl-cli's exit check.
+  static bool bReported = false;
+  if (!bReported) {
+    std::cerr << "ktl-cli: cannot write the command's output to standard output"
+              << (nErrno != 0 ? std::string(": ") + std::strerror(nErrno) : std::string()) << std::endl;
+    bReported = true;
+  }
+  return nStatus == kExitSuccess ? kExitCommandFailed : nStatus;
 }
 
 }  // namespace devhost

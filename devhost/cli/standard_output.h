@@ -35,6 +35,15 @@ class CStandardOutputBuffer : public std::streambuf {
   int m_nErrno = 0;
 };
 
+// The buffer of ktl-cli's standard output, installed on std::cout at start.
+CStandardOutputBuffer& StandardOutput();
+
+// nStatus, or kExitCommandFailed (devhost/cli/drive_command.h) when standard
+// output could not be written, which is then explained on standard error:
+// a script reading the output would otherwise take a cut-off report for a
+// whole one.
+int CheckStandardOutput(int nStatus);
+
 }  // namespace devhost
 
 #endif

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <vector>
 
+#include "devhost/files/fault_injection.h"
 #include "devhost/files/paths.h"
 #include "devhost/files/safe_open.h"
 #include "devhost/files/state_directory.h"
@@ -38,6 +39,7 @@ class CAuditRecord {
   bool Write(const std::string& strStatus, std::string& strError) {
     if (m_nFd < 0) return true;
     const std::string strLine = m_strHead + " status=" + strStatus + " " + m_strCommandLine + "\n";
+    BeforeFileChange();
     ssize_t nWritten;
     do {
       nWritten = write(m_nFd, strLine.data(), strLine.size());

@@ -3,12 +3,11 @@
 // command's audit record (ktl-cli ends it with the exit status).
 #include "host/command.h"
 
-#include <unistd.h>
-
 #include <iostream>
 
 #include "devhost/command/audit_log.h"
 #include "devhost/command/current_command.h"
+#include "devhost/service/edit_session.h"
 
 namespace {
 
@@ -59,6 +58,6 @@ int CCommand::SetRequiredValParam(std::vector<std::string> /*vecParam*/) { retur
 
 int CCommand::CheckServiceStatus() { return kOk; }
 
-// ktl-cli runs one command per process, so its parent is the operator's shell:
-// the session that owns pending edits.
-int CCommand::GetPPID() { return static_cast<int>(getppid()); }
+// The operator's terminal session, which owns pending edits
+// (devhost/service/edit_session.h).
+int CCommand::GetPPID() { return devhost::CurrentSession(); }

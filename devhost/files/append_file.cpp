@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "devhost/files/fault_injection.h"
 #include "devhost/files/safe_open.h"
 
 namespace devhost {
@@ -14,6 +15,7 @@ bool AppendToFile(const std::string& strPath, const std::string& strText, std::s
   const int fd = OpenTrusted(strPath, O_WRONLY | O_APPEND | O_CREAT, 0600, strError);
   if (fd < 0) return false;
   ssize_t nWritten;
+  BeforeFileChange();
   do {
     nWritten = write(fd, strText.data(), strText.size());
   } while (nWritten < 0 && errno == EINTR);

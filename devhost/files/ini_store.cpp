@@ -12,6 +12,7 @@
 #include <sstream>
 #include <vector>
 
+#include "devhost/files/fault_injection.h"
 #include "devhost/files/leftovers.h"
 #include "devhost/files/paths.h"
 #include "devhost/files/safe_open.h"
@@ -46,6 +47,7 @@ bool WriteAll(int nFd, const std::string& strContent) {
   const char* pCursor = strContent.data();
   std::size_t nLeft = strContent.size();
   while (nLeft > 0) {
+    BeforeFileChange();
     const ssize_t nWritten = write(nFd, pCursor, nLeft);
     if (nWritten < 0) {
       if (errno == EINTR) continue;
@@ -79,6 +81,7 @@ void SyncDirectory(const std::string& strDir) {
 // swap, and a target that is not an existing regular file (a directory must
 // stay where it is), get the plain rename.
 bool Replace(const std::string& strTemp, const std::string& strPath, Flush eFlush, bool& bTempHoldsOld) {
+  BeforeFileChange();
   struct stat st;
   if (eFlush == Flush::kNone && lstat(strPath.c_str(), &st) == 0 && S_ISREG(st.st_mode) &&
       renameat2(AT_FDCWD, strTemp.c_str(), AT_FDCWD, strPath.c_str(), RENAME_EXCHANGE) == 0) {
@@ -159,6 +162,7 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
   std::string strTemplate = TempFileTemplate(strPath + ".tmp.");
   std::vector<char> tempName(strTemplate.begin(), strTemplate.end());
   tempName.push_back('\0');
+  BeforeFileChange();
   const int nFd = mkostemp(tempName.data(), O_CLOEXEC);
   if (nFd < 0) {
     strError = "cannot replace " + strPath + ": cannot create a temporary file: " + ErrnoText(errno);
@@ -186,7 +190,10 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
     pszFailedStep = "cannot rename the temporary file over it";
     nErrno = errno;
   }
-  if (pszFailedStep || bTempHoldsOld) unlink(strTemp.c_str());
+  if (pszFailedStep || bTempHoldsOld) {
+    BeforeFileChange();
+    unlink(strTemp.c_str());
+  }
   if (pszFailedStep) {
     strError = "cannot replace " + strPath + ": " + pszFailedStep + ": " + ErrnoText(nErrno);
     return false;
@@ -196,6 +203,7 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
 }
 
 bool RemoveFile(const std::string& strPath, std::string& strError) {
+  BeforeFileChange();
   if (unlink(strPath.c_str()) != 0) {
     if (errno == ENOENT) return true;
     strError = "cannot remove " + strPath + ": " + ErrnoText(errno);

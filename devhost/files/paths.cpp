@@ -65,4 +65,6 @@ unsigned LockTimeoutSeconds() {
 
 std::string TempDir() { return EnvOr("TMPDIR", "/tmp"); }
 
+unsigned long FaultKillAt() { return std::strtoul(Env("KTL_FAULT_KILL_AT").c_str(), nullptr, 10); }
+
 }  // namespace devhost

@@ -18,6 +18,8 @@
 //   KTL_LOCK_TIMEOUT   seconds a command waits for another one's lock;
 //                      default 30
 //   TMPDIR             where command output files are created; default /tmp
+//   KTL_FAULT_KILL_AT  for tests only: kill the process before its N-th file
+//                      change (devhost/files/fault_injection.h); default 0, off
 //
 // The KTL_* variables are development and test switches. A set-user-ID or
 // set-group-ID process ignores the whole environment here.
@@ -41,6 +43,7 @@ std::string TraceFile();
 unsigned TraceMask();
 unsigned LockTimeoutSeconds();
 std::string TempDir();
+unsigned long FaultKillAt();
 
 }  // namespace devhost
 

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "devhost/messages/message_catalogue.h"
+#include "devhost/service/pending_edits.h"
 
 namespace {
 
@@ -36,8 +37,16 @@ int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strEx
   if (!bKnown) strText = "message " + strMsgId + " (no text in the message catalogue)";
   if (!strExtra.empty()) strText += " " + strExtra;
 
+  const bool bInformational = devhost::isInformationalMessage(strMsgId);
+  // Once the service has said why the command fails (naming the file), the
+  // plug-in's own messages would only hide the reason: "the service failed",
+  // "syslog output is off" read from a refused file, or "the change is
+  // held" for a change that will not be written.
+  if (devhost::CPendingEdits::OfThisCommand().hasFailed()) {
+    return bInformational ? kInformationShown : kErrorShownResult;
+  }
   // A success stays a success even when the catalogue lacks its text.
-  if (devhost::isInformationalMessage(strMsgId)) {
+  if (bInformational) {
     std::cout << strText << std::endl;
     return kInformationShown;
   }

@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <cstring>
 #include <cstdlib>
-#include <sstream>
 #include <iostream>
 
 #include "devhost/files/ini_store.h"
@@ -53,97 +52,117 @@ void CStateLock::Relock() {
   if (m_nFd >= 0 && !LockWaiting(m_nFd, m_strFile, true, strError)) std::cerr << "ktl-cli: " << strError << std::endl;
 }
 
+namespace {
+
+const char kSessionSection[] = "EditSession";
+const char kSessionKey[] = "Session";
+const char kLeaderStartKey[] = "LeaderStart";
+
+// True when a process nProcessId exists (even one this process may not
+// signal). Ids below 1 name no single process and count as ended.
 bool isProcessAlive(int nProcessId) {
   if (nProcessId < 1) return false;
   return kill(nProcessId, 0) == 0 || errno == EPERM;
 }
 
-bool hasPendingEdits(const std::string& strPendingFile) {
-  struct stat st;
-  return stat(strPendingFile.c_str(), &st) == 0 && st.st_size > 0;
-}
-
-namespace {
-
-// The start time of process nProcessId in clock ticks after boot (the 22nd
-// field of /proc/PID/stat); 0 when it cannot be read. With the id it names
-// one process: an ended process's id is reused sooner or later (after a
-// reboot, most ids are), but not with the same start time.
-unsigned long long ProcessStartTime(int nProcessId) {
-  std::string strStat, strError;
-  if (nProcessId < 1 ||
-      ReadTextFile("/proc/" + std::to_string(nProcessId) + "/stat", strStat, strError) != IniRead::kOk) {
-    return 0;
-  }
-  // The second field, the command name in parentheses, may itself hold
-  // blanks and parentheses: the third field follows its last ")".
-  const std::string::size_type nNameEnd = strStat.rfind(')');
-  if (nNameEnd == std::string::npos) return 0;
-  const char* pszField = strStat.c_str() + nNameEnd + 1;
-  for (int nField = 3; nField <= 22; ++nField) {
-    pszField = std::strchr(pszField, ' ');
-    if (!pszField) return 0;
-    ++pszField;
-  }
-  return std::strtoull(pszField, nullptr, 10);
-}
-
-// An owner record: "PID START\n", or "PID\n" when the start time could not
-// be read. nStartTime 0 = not recorded.
-struct COwnerRecord {
-  int nProcessId = 0;
+// What /proc/PID/stat tells of a process: its command name (the executable's
+// file name, at most 15 bytes), its parent and its start time in clock ticks
+// after boot. With the id, the start time names one process: an ended
+// process's id is reused sooner or later (after a reboot, most ids are), but
+// not with the same start time. False when the process cannot be read.
+struct CProcessStat {
+  std::string strName;
+  int nParent = 0;
   unsigned long long nStartTime = 0;
 };
 
-bool ReadOwnerRecord(const std::string& strOwnerFile, COwnerRecord& owner) {
-  std::string strText, strError;
-  if (ReadTextFile(strOwnerFile, strText, strError) != IniRead::kOk) return false;
-  std::istringstream file(strText);
-  COwnerRecord read;
-  std::string strRest;
-  if (!(file >> read.nProcessId) || read.nProcessId < 1) return false;
-  if (!(file >> read.nStartTime)) {
-    if (!file.eof()) return false;
-    read.nStartTime = 0;
-  } else if (file >> strRest) {
+bool ReadProcessStat(int nProcessId, CProcessStat& stat) {
+  std::string strStat, strError;
+  if (nProcessId < 1 ||
+      ReadTextFile("/proc/" + std::to_string(nProcessId) + "/stat", strStat, strError) != IniRead::kOk) {
     return false;
   }
-  owner = read;
+  // The second field, the command name in parentheses, may itself hold
+  // blanks and parentheses: the third field follows its last ")".
+  const std::string::size_type nNameStart = strStat.find('(');
+  const std::string::size_type nNameEnd = strStat.rfind(')');
+  if (nNameStart == std::string::npos || nNameEnd == std::string::npos || nNameEnd < nNameStart) return false;
+  stat.strName = strStat.substr(nNameStart + 1, nNameEnd - nNameStart - 1);
+  const char* pszField = strStat.c_str() + nNameEnd + 1;
+  for (int nField = 3; nField <= 22; ++nField) {
+    pszField = std::strchr(pszField, ' ');
+    if (!pszField) return false;
+    ++pszField;
+    if (nField == 4) stat.nParent = std::atoi(pszField);
+  }
+  stat.nStartTime = std::strtoull(pszField, nullptr, 10);
   return true;
 }
 
-// True while the recorded process runs under its id. When its start time
-// cannot be read now (another user's process under a /proc mounted with
-// hidepid, say), the id alone decides: a live session must not lose its
-// edits to another.
-bool isRunning(const COwnerRecord& owner) {
-  if (!isProcessAlive(owner.nProcessId)) return false;
-  if (owner.nStartTime == 0) return true;
-  const unsigned long long nNow = ProcessStartTime(owner.nProcessId);
-  return nNow == 0 || nNow == owner.nStartTime;
+unsigned long long ProcessStartTime(int nProcessId) {
+  CProcessStat stat;
+  return ReadProcessStat(nProcessId, stat) ? stat.nStartTime : 0;
+}
+
+// The whole of strText as a decimal number; false when it is not one.
+bool ParseDecimal(const std::string* pText, unsigned long long& nValue) {
+  if (!pText || pText->empty() || pText->size() > 20 || pText->find_first_not_of("0123456789") != std::string::npos)
+    return false;
+  errno = 0;
+  nValue = std::strtoull(pText->c_str(), nullptr, 10);
+  return errno == 0;
 }
 
 }  // namespace
 
-PendingOwner WhoOwnsPending(const std::string& strPendingFile, const std::string& strOwnerFile, int nSession) {
-  if (!hasPendingEdits(strPendingFile)) return PendingOwner::kNone;
-  COwnerRecord owner;
-  if (!ReadOwnerRecord(strOwnerFile, owner) || !isRunning(owner)) return PendingOwner::kAbandoned;
-  return owner.nProcessId == nSession ? PendingOwner::kSession : PendingOwner::kOther;
+// sudo set to run its command on a terminal of its own (use_pty, Debian's
+// default) makes a session for it, led by a sudo process; the operator's
+// session is the one that sudo was started from.
+int CurrentSession() {
+  int nSession = static_cast<int>(getsid(0));
+  CProcessStat leader;
+  while (ReadProcessStat(nSession, leader) && leader.strName == "sudo") {
+    const int nOuter = static_cast<int>(getsid(leader.nParent));
+    if (nOuter < 1 || nOuter == nSession) break;
+    nSession = nOuter;
+  }
+  return nSession;
 }
 
-bool ReadOwner(const std::string& strOwnerFile, int& nSession) {
-  COwnerRecord owner;
-  if (!ReadOwnerRecord(strOwnerFile, owner)) return false;
-  nSession = owner.nProcessId;
+CSessionRecord RecordOfSession(int nSession) {
+  CSessionRecord record;
+  record.nSession = nSession;
+  record.nLeaderStart = ProcessStartTime(nSession);
+  return record;
+}
+
+// When the leader's start time cannot be read now (another user's process
+// under a /proc mounted with hidepid, say), the id alone decides: a live
+// session must not lose its edits to another.
+bool isLive(const CSessionRecord& record) {
+  if (!isProcessAlive(record.nSession)) return false;
+  if (record.nLeaderStart == 0) return true;
+  const unsigned long long nNow = ProcessStartTime(record.nSession);
+  return nNow == 0 || nNow == record.nLeaderStart;
+}
+
+bool ReadSessionRecord(const IniTree& tree, CSessionRecord& record) {
+  unsigned long long nSession = 0, nStart = 0;
+  if (!ParseDecimal(FindIniValue(tree, kSessionSection, kSessionKey), nSession) || nSession < 1 ||
+      nSession > 0x7fffffff) {
+    return false;
+  }
+  const std::string* pStart = FindIniValue(tree, kSessionSection, kLeaderStartKey);
+  if (pStart && !ParseDecimal(pStart, nStart)) return false;
+  record.nSession = static_cast<int>(nSession);
+  record.nLeaderStart = nStart;
   return true;
 }
 
-bool WriteOwner(const std::string& strOwnerFile, int nSession, std::string& strError) {
-  std::string strRecord = std::to_string(nSession);
-  if (const unsigned long long nStartTime = ProcessStartTime(nSession)) strRecord += " " + std::to_string(nStartTime);
-  // Sessions end with a reboot, so the record need not survive one.
-  return WriteFileAtomically(strOwnerFile, strRecord + "\n", strError, Flush::kNone);
+void PutSessionRecord(IniTree& tree, const CSessionRecord& record) {
+  tree.erase(kSessionSection);
+  SetIniValue(tree, kSessionSection, kSessionKey, std::to_string(record.nSession));
+  if (record.nLeaderStart != 0) SetIniValue(tree, kSessionSection, kLeaderStartKey, std::to_string(record.nLeaderStart));
 }
 
 }  // namespace devhost

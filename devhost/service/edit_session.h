@@ -1,11 +1,14 @@
 // Edit sessions of the logging tool's pending configuration.
 //
-// A session is an operator's shell, named by its process id. The pending
-// configuration belongs to the session that created it; the owner file
-// beside it holds that session's id and its start time, in decimal, so that
-// a process that later gets the same id is not taken for the session. Another session may take the
-// pending edits over only once the owner's process has ended, so two shells
-// editing at once cannot mix their edits.
+// A session is the operator's terminal session: the POSIX session of the
+// process (getsid), named by the process id of its leader, usually the login
+// shell. Wrappers (timeout, sudo, even when it gives its command a terminal
+// and a session of its own), subshells, pipelines and an interactive ktl-cli
+// all run inside the session that started them, and two terminals are two
+// sessions. The pending configuration records the session that owns
+// it with its leader's start time, so that a process that later gets the
+// same id is not taken for the session. A session stays the owner while its
+// leader runs; after that, another session may take the edits over.
 //
 // Changes to the state directory are serialised by an exclusive flock on a
 // lock file, so that commands started at the same moment lose no edit.
@@ -13,6 +16,8 @@
 #define KTL_DEVHOST_EDIT_SESSION_H
 
 #include <string>
+
+#include "devhost/files/ini_store.h"
 
 namespace devhost {
 
@@ -42,9 +47,26 @@ class CStateLock {
   std::string m_strFile;
 };
 
-// True when a process nProcessId exists (even one this process may not
-// signal). Ids below 1 name no single process and count as ended.
-bool isProcessAlive(int nProcessId);
+// The session of this process: the process id of its session leader, or,
+// when that leader is sudo's, the session sudo was started from.
+int CurrentSession();
+
+// The owner of pending edits as the pending configuration records it.
+struct CSessionRecord {
+  int nSession = 0;                    // the leader's process id; 0 = none recorded
+  unsigned long long nLeaderStart = 0;  // its start time, 0 = unknown
+};
+
+// nSession with its leader's start time as it is now.
+CSessionRecord RecordOfSession(int nSession);
+
+// True while the recorded session's leader runs under its id.
+bool isLive(const CSessionRecord& record);
+
+// The record kept in section "EditSession" of the pending configuration;
+// false when none valid is there.
+bool ReadSessionRecord(const IniTree& tree, CSessionRecord& record);
+void PutSessionRecord(IniTree& tree, const CSessionRecord& record);
 
 enum class PendingOwner {
   kNone,       // no pending edits
@@ -52,22 +74,6 @@ enum class PendingOwner {
   kAbandoned,  // their owner has ended, or no valid owner is recorded
   kOther,      // another session, still alive, owns them
 };
-
-// True when strPendingFile holds pending edits. An empty file counts as
-// none: a pending configuration is never written empty, and an empty one is
-// what a power cut can leave of an edit that had not reached the disk.
-bool hasPendingEdits(const std::string& strPendingFile);
-
-// Who holds the pending edits, as seen by session nSession.
-PendingOwner WhoOwnsPending(const std::string& strPendingFile, const std::string& strOwnerFile, int nSession);
-
-// The session recorded in strOwnerFile; false when none is (missing file or
-// no valid id in it).
-bool ReadOwner(const std::string& strOwnerFile, int& nSession);
-
-// Records nSession as the owner, atomically. False, with strError set, on
-// failure.
-bool WriteOwner(const std::string& strOwnerFile, int nSession, std::string& strError);
 
 }  // namespace devhost
 

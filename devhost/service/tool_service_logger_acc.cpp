@@ -2,28 +2,35 @@
 //
 // The state directory holds:
 //   logger.ini          the configuration in effect
-//   logger.edit.ini     the pending configuration, while edits are pending
-//   logger.edit.owner   the session (process id) that owns the pending edits
+//   logger.edit.ini     the pending configuration, while edits are pending,
+//                       with the session that owns it (section EditSession)
 //   logger.lock         the lock that serialises changes to the above
 //
 // The tool counts as installed when the configuration in effect or the
 // shipped default exists; on first use the configuration in effect is
-// created from the default. A failure of these files stops the command with
-// a devhost::CServiceFailure naming the file concerned; "not installed", a
-// session's edits held by another and a value that cannot be stored are
-// answers, explained on standard error.
+// created from the default. Edits and discards change the command's view of
+// the pending configuration (devhost/service/pending_edits.h), which is
+// written once the command has run; a save replaces the configuration in
+// effect at once.
+//
+// Every file read is checked (devhost/service/logger_conf_check.h); one that
+// fails is refused, never used. Failures other than "not installed" are
+// explained on standard error, naming the file, and make the command fail.
 #include "host/tool_service_logger_acc.h"
 
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
 #include <iostream>
 
-#include "devhost/service/edit_session.h"
 #include "devhost/files/ini_store.h"
-#include "devhost/service/logger_conf_ini.h"
-#include "devhost/service/service_failure.h"
-#include "devhost/files/state_directory.h"
 #include "devhost/files/paths.h"
+#include "devhost/files/state_directory.h"
+#include "devhost/service/edit_session.h"
+#include "devhost/service/logger_conf_check.h"
+#include "devhost/service/logger_conf_ini.h"
+#include "devhost/service/pending_edits.h"
 #include "host/trace_utility.h"
 
 namespace {
@@ -35,7 +42,6 @@ const int kStatusHeldByOtherSession = -1;
 
 const char kEffectiveFileName[] = "/logger.ini";
 const char kPendingFileName[] = "/logger.edit.ini";
-const char kOwnerFileName[] = "/logger.edit.owner";
 const char kLockFileName[] = "/logger.lock";
 
 const char kTraceModule[] = "cli";
@@ -51,31 +57,42 @@ struct CStateFiles {
   std::string strDir = devhost::StateDir();
   std::string strEffective = strDir + kEffectiveFileName;
   std::string strPending = strDir + kPendingFileName;
-  std::string strOwner = strDir + kOwnerFileName;
   std::string strLock = strDir + kLockFileName;
   std::string strDefault = devhost::DefaultConfFile();
 };
 
-// An answer the plug-in acts on, explained on standard error.
-void Warn(const std::string& strMessage) {
+devhost::CPendingEdits& Pending() { return devhost::CPendingEdits::OfThisCommand(); }
+
+// Explains a failure; the command then fails and changes nothing.
+void Report(const std::string& strMessage) {
+  Pending().Fail();
   // An earlier failed write to standard error would keep the stream failed
   // and silence every later message.
   std::cerr.clear();
-  std::cerr << "logger service: " << strMessage << '\n';
+  std::cerr << "ktl-cli: " << strMessage << '\n';
 }
 
-// A failure of the state's files stops the command (see service_failure.h).
-[[noreturn]] void Report(const std::string& strMessage) {
-  throw devhost::CServiceFailure("logger service: " + strMessage);
+// Checks a configuration read from strPath: a complete one when it is to be
+// in effect, consistent entries and well-formed values always.
+bool CheckedConf(const std::string& strPath, const devhost::IniTree& tree, bool bComplete, Velmora_LoggerConf* pConf) {
+  std::string strError;
+  Velmora_LoggerConf conf;
+  if ((bComplete && !devhost::CheckComplete(tree, strError)) || !devhost::CheckEntries(tree, strError) ||
+      !devhost::ConfFromIni(tree, conf, strError)) {
+    Report(strPath + ": " + strError);
+    return false;
+  }
+  if (pConf) *pConf = conf;
+  return true;
 }
 
-// Reads a configuration file; false (explained) when it is missing,
-// unreadable or malformed.
-bool ReadTree(const std::string& strPath, devhost::IniTree& tree) {
+// Reads and checks a configuration to be in effect; false (explained) when
+// it is missing, unreadable, malformed or refused.
+bool ReadEffective(const std::string& strPath, devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
   std::string strError;
   switch (devhost::ReadIniFile(strPath, tree, strError)) {
     case devhost::IniRead::kOk:
-      return true;
+      return CheckedConf(strPath, tree, true, pConf);
     case devhost::IniRead::kMissing:
       Report(strPath + " does not exist");
       return false;
@@ -86,35 +103,19 @@ bool ReadTree(const std::string& strPath, devhost::IniTree& tree) {
   return false;
 }
 
-// As ReadTree, into a record.
-bool ReadConf(const std::string& strPath, Velmora_LoggerConf& conf) {
-  devhost::IniTree tree;
-  if (!ReadTree(strPath, tree)) return false;
-  std::string strError;
-  if (!devhost::ConfFromIni(tree, conf, strError)) {
-    Report(strPath + ": " + strError);
-    return false;
-  }
-  return true;
-}
-
 // Copies the shipped default to the configuration in effect, keeping its
 // text (and comments) as shipped, once it is known to be a valid
 // configuration. The caller holds the state lock.
 bool CreateEffectiveFromDefault(const CStateFiles& files) {
   std::string strContent, strError;
   devhost::IniTree tree;
-  Velmora_LoggerConf conf;
   const devhost::IniRead eRead = devhost::ReadTextFile(files.strDefault, strContent, strError);
   if (eRead == devhost::IniRead::kMissing) strError = files.strDefault + " does not exist";
   if (eRead != devhost::IniRead::kOk || !devhost::ParseIniText(strContent, files.strDefault, tree, strError)) {
     Report(strError);
     return false;
   }
-  if (!devhost::ConfFromIni(tree, conf, strError)) {
-    Report(files.strDefault + ": " + strError);
-    return false;
-  }
+  if (!CheckedConf(files.strDefault, tree, true, nullptr)) return false;
   if (!devhost::WriteFileAtomically(files.strEffective, strContent, strError)) {
     Report(strError);
     return false;
@@ -126,29 +127,71 @@ bool isInstalled(const CStateFiles& files) {
   return devhost::isPresent(files.strEffective) || devhost::isPresent(files.strDefault);
 }
 
-// Takes the state lock, creating the state directory, and makes sure the
-// configuration in effect exists. kStatusOk, kStatusNotInstalled or
-// kStatusFailure.
-int OpenState(const CStateFiles& files, devhost::CStateLock& lock, bool bNeedEffective) {
+// Takes the state lock, creating the state directory, makes sure the
+// configuration in effect exists and brings the command's view of the
+// pending configuration up to date. kStatusOk, kStatusNotInstalled or
+// kStatusFailure. After a failure the command stops: every later call fails
+// too, without a second message, so that nothing is shown or written from
+// files that were refused.
+int OpenState(const CStateFiles& files, devhost::CStateLock& lock) {
+  if (Pending().hasFailed()) return kStatusFailure;
   if (!isInstalled(files)) {
-    Warn("the logging tool is not installed: neither " + files.strEffective + " nor " + files.strDefault +
+    Report("the logging tool is not installed: neither " + files.strEffective + " nor " + files.strDefault +
            " exists");
     return kStatusNotInstalled;
   }
   std::string strError;
-  if (!devhost::PrepareStateDir(strError) || !lock.Acquire(files.strLock, strError)) {
+  if (!devhost::PrepareStateDir(strError) || !lock.Acquire(files.strLock, strError) ||
+      !Pending().Refresh(files.strPending, strError)) {
     Report(strError);
     return kStatusFailure;
   }
-  if (bNeedEffective && !devhost::isPresent(files.strEffective) && !CreateEffectiveFromDefault(files)) {
-    return kStatusFailure;
-  }
+  if (!devhost::isPresent(files.strEffective) && !CreateEffectiveFromDefault(files)) return kStatusFailure;
   return kStatusOk;
+}
+
+// The pending configuration, checked; false (explained) when it is refused.
+bool PendingTree(const CStateFiles& files, devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
+  std::string strError;
+  if (!Pending().Tree(tree, strError)) {
+    Report(strError);
+    return false;
+  }
+  if (!Pending().isChanged()) return CheckedConf(files.strPending, tree, false, pConf);
+  // An entry is whole only once all of a command's edits are made.
+  Velmora_LoggerConf conf;
+  if (!devhost::ConfFromIni(tree, conf, strError)) {
+    Report(files.strPending + ": " + strError);
+    return false;
+  }
+  if (pConf) *pConf = conf;
+  return true;
+}
+
+std::string OwnerText() {
+  return "session " + std::to_string(Pending().OwnerSession()) + " (the terminal session led by process " +
+         std::to_string(Pending().OwnerSession()) + ", which is still running)";
 }
 
 }  // namespace
 
-CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(new CLoggerServiceState) {}
+namespace devhost {
+
+bool CommitPendingEdits() {
+  std::string strError;
+  if (CPendingEdits::OfThisCommand().Commit(StateDir() + kLockFileName, strError)) return true;
+  if (!strError.empty()) {
+    std::cerr.clear();
+    std::cerr << "ktl-cli: " << strError << '\n';
+  }
+  return false;
+}
+
+}  // namespace devhost
+
+// A command starts from the files as they are: what an earlier command of
+// this process left uncommitted (it stopped on an exception) is forgotten.
+CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(new CLoggerServiceState) { Pending().Forget(); }
 
 CToolServiceLoggerAcc::~CToolServiceLoggerAcc() { delete static_cast<CLoggerServiceState*>(m_pState); }
 
@@ -159,53 +202,53 @@ int CToolServiceLoggerAcc::initWrite(int nProcessId) {
 
   const CStateFiles files;
   devhost::CStateLock lock;
-  const int nStatus = OpenState(files, lock, true);
+  const int nStatus = OpenState(files, lock);
   if (nStatus != kStatusOk) return nStatus;
-  switch (devhost::WhoOwnsPending(files.strPending, files.strOwner, nProcessId)) {
-    case devhost::PendingOwner::kNone:
-    case devhost::PendingOwner::kSession:
-      return kStatusOk;
-    case devhost::PendingOwner::kOther:
-      return kStatusHeldByOtherSession;
-    case devhost::PendingOwner::kAbandoned:
-      break;
-  }
-  std::string strError;
-  if (!devhost::WriteOwner(files.strOwner, nProcessId, strError)) {
-    Report(strError);
-    return kStatusFailure;
-  }
-  return kStatusOk;
+  // Edits of an ended session are taken over by the first edit that changes
+  // them, not here: a command that only looks changes nothing.
+  return Pending().OwnerFor(nProcessId) == devhost::PendingOwner::kOther ? kStatusHeldByOtherSession : kStatusOk;
 }
 
 bool CToolServiceLoggerAcc::CheckProcessId(int nProcessId) {
   const CStateFiles files;
-  const devhost::PendingOwner eOwner = devhost::WhoOwnsPending(files.strPending, files.strOwner, nProcessId);
-  return eOwner == devhost::PendingOwner::kNone || eOwner == devhost::PendingOwner::kSession;
+  devhost::CStateLock lock;
+  if (OpenState(files, lock) != kStatusOk) return false;
+  return Pending().OwnerFor(nProcessId) != devhost::PendingOwner::kOther;
 }
 
 int CToolServiceLoggerAcc::GetParameter(Velmora_LoggerConf& conf) {
   const CStateFiles files;
   devhost::CStateLock lock;
-  const int nStatus = OpenState(files, lock, true);
+  const int nStatus = OpenState(files, lock);
   if (nStatus != kStatusOk) return nStatus;
-  return ReadConf(files.strEffective, conf) ? kStatusOk : kStatusFailure;
+  devhost::IniTree tree;
+  return ReadEffective(files.strEffective, tree, &conf) ? kStatusOk : kStatusFailure;
 }
 
 bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
   const CStateFiles files;
+  devhost::CStateLock lock;
+  if (OpenState(files, lock) != kStatusOk) return false;
+  if (Pending().wereDroppedMeanwhile()) {
+    Report("the pending changes were discarded by another command while this one waited for an answer; "
+           "nothing was saved");
+    return false;
+  }
   // No pending edits is an ordinary answer, not a failure worth explaining.
-  if (!devhost::hasPendingEdits(files.strPending)) return false;
-  return ReadConf(files.strPending, conf);
+  if (!Pending().hasEdits()) return false;
+  devhost::IniTree tree;
+  return PendingTree(files, tree, &conf);
 }
 
 int CToolServiceLoggerAcc::SetParameter(Velmora_LoggerConf conf) {
   const CStateFiles files;
   devhost::CStateLock lock;
-  const int nStatus = OpenState(files, lock, false);
+  const int nStatus = OpenState(files, lock);
   if (nStatus != kStatusOk) return nStatus;
+  const devhost::IniTree tree = devhost::ConfToIni(conf);
   std::string strError;
-  if (!devhost::WriteIniFile(files.strEffective, devhost::ConfToIni(conf), strError)) {
+  if (!CheckedConf(files.strEffective, tree, true, nullptr)) return kStatusFailure;
+  if (!devhost::WriteIniFile(files.strEffective, tree, strError)) {
     Report(strError);
     return kStatusFailure;
   }
@@ -219,29 +262,27 @@ void CToolServiceLoggerAcc::ShowConf(Velmora_LoggerConf conf) {
 }
 
 bool CToolServiceLoggerAcc::Discard() {
+  const CLoggerServiceState& state = *static_cast<const CLoggerServiceState*>(m_pState);
+  const int nSession = state.bHasSession ? state.nSession : devhost::CurrentSession();
   const CStateFiles files;
-  if (!devhost::isPresent(files.strPending) && !devhost::isPresent(files.strOwner)) return true;
   devhost::CStateLock lock;
-  std::string strError;
-  if (!lock.Acquire(files.strLock, strError) || !devhost::RemoveFile(files.strPending, strError)) {
-    Report(strError);
+  if (OpenState(files, lock) != kStatusOk) return false;
+  if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {
+    Report("cannot discard " + files.strPending + ": the pending changes belong to " + OwnerText());
     return false;
   }
-  // Without the pending file an owner record means nothing; a leftover one
-  // is harmless, so failing to remove it does not fail the discard.
-  if (!devhost::RemoveFile(files.strOwner, strError)) Warn(strError);
+  if (Pending().hasEdits()) Pending().Remove();
   return true;
 }
 
 bool CToolServiceLoggerAcc::GetString(std::string strSection, std::string strKey, std::string& strValue) {
   const CStateFiles files;
   devhost::CStateLock lock;
-  if (OpenState(files, lock, true) != kStatusOk) return false;
+  if (OpenState(files, lock) != kStatusOk) return false;
   // The pending configuration starts as a copy of the one in effect, so
   // until the first edit creates it, the one in effect answers for it.
-  const std::string& strPath = devhost::hasPendingEdits(files.strPending) ? files.strPending : files.strEffective;
   devhost::IniTree tree;
-  if (!ReadTree(strPath, tree)) return false;
+  if (Pending().hasEdits() ? !PendingTree(files, tree) : !ReadEffective(files.strEffective, tree)) return false;
   const std::string* pValue = devhost::FindIniValue(tree, strSection, strKey);
   if (!pValue) return false;
   strValue = *pValue;
@@ -250,42 +291,33 @@ bool CToolServiceLoggerAcc::GetString(std::string strSection, std::string strKey
 
 bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strKey, std::string strValue) {
   const CLoggerServiceState& state = *static_cast<const CLoggerServiceState*>(m_pState);
-  // A command that did not go through initWrite edits for the shell that
+  // A command that did not go through initWrite edits for the session that
   // started it, as GetPPID reports it.
-  const int nSession = state.bHasSession ? state.nSession : static_cast<int>(getppid());
+  const int nSession = state.bHasSession ? state.nSession : devhost::CurrentSession();
 
-  std::string strError;
-  if (!devhost::isStorableIniEntry(strSection, strKey, strValue, strError)) {
-    Warn(strError);
-    return false;
-  }
   const CStateFiles files;
   devhost::CStateLock lock;
-  if (OpenState(files, lock, true) != kStatusOk) return false;
-
-  const devhost::PendingOwner eOwner = devhost::WhoOwnsPending(files.strPending, files.strOwner, nSession);
-  if (eOwner == devhost::PendingOwner::kOther) {
-    int nOwner = 0;
-    devhost::ReadOwner(files.strOwner, nOwner);
-    Warn("the pending configuration belongs to session " + std::to_string(nOwner) + ", which is still running");
+  if (OpenState(files, lock) != kStatusOk) return false;
+  std::string strError;
+  if (!devhost::isStorableIniEntry(strSection, strKey, strValue, strError) ||
+      !devhost::CheckEdit(strSection, strKey, strValue, strError)) {
+    Report(files.strPending + ": " + strError);
+    return false;
+  }
+  if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {
+    Report("cannot change " + files.strPending + ": the pending changes belong to " + OwnerText());
+    return false;
+  }
+  // The edit is written when the command ends; a directory that cannot take
+  // it is refused now, before the plug-in reports the change as held.
+  if (access(files.strDir.c_str(), W_OK) != 0) {
+    Report("cannot change " + files.strPending + ": " + files.strDir + ": " + std::strerror(errno));
     return false;
   }
   // Copy on write: the first edit starts from the configuration in effect.
-  const std::string& strSource = eOwner == devhost::PendingOwner::kNone ? files.strEffective : files.strPending;
   devhost::IniTree tree;
-  if (!ReadTree(strSource, tree)) return false;
-  // The owner is recorded before the pending file appears, so that pending
-  // edits never exist without one.
-  if (eOwner != devhost::PendingOwner::kSession && !devhost::WriteOwner(files.strOwner, nSession, strError)) {
-    Report(strError);
-    return false;
-  }
+  if (Pending().hasEdits() ? !PendingTree(files, tree) : !ReadEffective(files.strEffective, tree)) return false;
   devhost::SetIniValue(tree, strSection, strKey, strValue);
-  // Pending edits are a working copy: an edit is not waited for on disk (the
-  // wait would be most of the command's time), only a save is.
-  if (!devhost::WriteIniFile(files.strPending, tree, strError, devhost::Flush::kNone)) {
-    Report(strError);
-    return false;
-  }
+  Pending().Replace(tree, nSession);
   return true;
 }

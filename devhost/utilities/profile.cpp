@@ -11,6 +11,8 @@
 // it. The default is returned for a missing file, section or key and an
 // empty value. An unreadable or malformed file is reported once per process
 // on standard error, naming the file and the error, and gives the defaults.
+// Every value served is noted for the reasons of a refusal
+// (devhost/utilities/refusal_reasons.h).
 #include "host/profile.h"
 
 #include <strings.h>
@@ -23,6 +25,7 @@
 
 #include "devhost/files/ini_store.h"
 #include "devhost/files/paths.h"
+#include "devhost/utilities/refusal_reasons.h"
 
 namespace {
 
@@ -90,11 +93,7 @@ const devhost::IniTree* FindCaseInsensitive(const devhost::IniTree& tree, const 
   return nullptr;
 }
 
-}  // namespace
-
-extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey, int nDefault,
-                                     const char* pszFileName) {
-  if (pszSection == nullptr || pszKey == nullptr || pszFileName == nullptr) return nDefault;
+int ReadProfileInt(const char* pszSection, const char* pszKey, int nDefault, const char* pszFileName) {
   try {
     devhost::IniTree tree;
     const std::string strFile = pszFileName[0] == '/' ? devhost::UnderRoot(pszFileName) : pszFileName;
@@ -104,7 +103,21 @@ extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey,
     if (pKey == nullptr || pKey->data().empty()) return nDefault;
     return ParseProfileInt(pKey->data());
   } catch (...) {
-    // A C function: nothing may escape it.
+    // Served from a C function: nothing may escape it.
     return nDefault;
   }
+}
+
+}  // namespace
+
+extern "C" int GetPrivateProfileIntA(const char* pszSection, const char* pszKey, int nDefault,
+                                     const char* pszFileName) {
+  if (pszSection == nullptr || pszKey == nullptr || pszFileName == nullptr) return nDefault;
+  const int nValue = ReadProfileInt(pszSection, pszKey, nDefault, pszFileName);
+  try {
+    devhost::NoteLimitRead(pszSection, pszKey, pszFileName, nValue);
+  } catch (...) {
+    // The value stands even when it cannot be noted.
+  }
+  return nValue;
 }

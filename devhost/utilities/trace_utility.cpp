@@ -9,6 +9,9 @@
 // text is the format with its values, byte for byte, however long. The trace
 // never disturbs the command: a line that cannot be made or written is
 // dropped, and errno is left as the caller had it.
+//
+// Lines of the levels that explain a refusal also go to the reasons of the
+// current command (devhost/utilities/refusal_reasons.h), whatever the mask.
 #include "host/trace_utility.h"
 
 #include <cerrno>
@@ -18,15 +21,25 @@
 #include "devhost/files/append_file.h"
 #include "devhost/utilities/format.h"
 #include "devhost/files/paths.h"
+#include "devhost/utilities/refusal_reasons.h"
 #include "devhost/utilities/timestamp.h"
 
 namespace {
 
+// Formatted even when the mask is off: they may explain a refusal.
+const unsigned kReasonLevels = CTraceUtility::TRACE_DBG_NOTE | CTraceUtility::TRACE_DBG_ENV |
+                               CTraceUtility::TRACE_DBG_PARAM;
+
 void AppendTraceLine(const char* pszModule, unsigned nLevel, const char* pszFormat, va_list args) noexcept {
   try {
-    if ((nLevel & devhost::TraceMask()) == 0 || pszFormat == nullptr) return;
+    const bool bTraced = (nLevel & devhost::TraceMask()) != 0;
+    const bool bReason = (nLevel & kReasonLevels) != 0;
+    if ((!bTraced && !bReason) || pszFormat == nullptr) return;
+    const std::string strText = devhost::FormatV(pszFormat, args);
+    if (bReason) devhost::NoteTracedReason(pszModule, nLevel, strText);
+    if (!bTraced) return;
     const std::string strLine = devhost::LocalTimestamp() + " " + (pszModule ? pszModule : "-") + " " +
-                                std::to_string(nLevel) + " " + devhost::FormatV(pszFormat, args) + "\n";
+                                std::to_string(nLevel) + " " + strText + "\n";
     std::string strIgnored;
     devhost::AppendToFile(devhost::TraceFile(), strLine, strIgnored);
   } catch (...) {

@@ -6,23 +6,25 @@ found", "syslog output is off"):
   $ state=~/.local/state/ktl-cli
   $ rm $state/logger.lock && mkdir $state/logger.lock
   $ ktl-cli logger -alert inf -setting off
-  ktl-cli: logger service: cannot open /*/ktl-cli/logger.lock: Is a directory (glob)
+  ktl-cli: cannot open /*/ktl-cli/logger.lock: Is a directory (glob)
+  reason: SyslogOutput is OFF
   [1]
   $ rmdir $state/logger.lock
   $ cp $state/logger.ini good.ini && echo 'Output' >> $state/logger.ini
   $ ktl-cli logger -save -nochk
-  ktl-cli: logger service: /*/ktl-cli/logger.ini:*: malformed INI file: '=' character not found in line (glob)
+  ktl-cli: /*/ktl-cli/logger.ini:*: malformed INI file: '=' character not found in line (glob)
   [1]
   $ ktl-cli logger -discard -nochk && cp good.ini $state/logger.ini
   The pending changes were discarded.
   $ printf '[Syslog\n' > $state/logger.ini
   $ ktl-cli logger -alert inf -setting off
-  ktl-cli: logger service: /*/ktl-cli/logger.ini:1: malformed INI file: unmatched '[' (glob)
+  ktl-cli: /*/ktl-cli/logger.ini:1: malformed INI file: unmatched '[' (glob)
+  reason: SyslogOutput is OFF
   [1]
   $ cp good.ini $state/logger.ini
   $ printf '[Syslog]\nOutput=yes\n' > $state/logger.edit.ini
   $ ktl-cli logger -confirm edit
-  ktl-cli: logger service: /*/ktl-cli/logger.edit.ini: [Syslog] Output="yes" is not a switch (0x11 or 0x10) (glob)
+  ktl-cli: /*/ktl-cli/logger.edit.ini: [Syslog] Output="yes" is not a switch (0x11 or 0x10) (glob)
   [1]
   $ rm $state/logger.edit.ini
 

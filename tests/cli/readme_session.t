@@ -7,6 +7,13 @@ two the same). /dev/shm is in the mount listing, /srv/data is not.
   The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
   $ ktl-cli logger -mp /srv/data -setting on
   Error: The directory is not a mounted file system. Give the mount point of a mounted file system.
+  reason: SyslogOutput is ON
+  reason: mount exp=/srv/data, res=/sys
+  reason: mount exp=/srv/data, res=/proc
+  reason: mount exp=/srv/data, res=/
+  reason: mount exp=/srv/data, res=/dev/shm
+  reason: mount exp=/srv/data, res=/data
+  reason: mount exp=/srv/data, res=/var/log
   [1]
   $ ktl-cli logger -confirm edit
   Logger configuration

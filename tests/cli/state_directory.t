@@ -18,7 +18,6 @@ configurations readable by all:
   -rw------- STATE/audit.log
   -rw------- STATE/ktl-cli.lock
   -rw-r--r-- STATE/logger.edit.ini
-  -rw-r--r-- STATE/logger.edit.owner
   -rw-r--r-- STATE/logger.ini
   -rw------- STATE/logger.lock
 
@@ -43,12 +42,12 @@ so a link planted in place of a file cannot make ktl-cli write elsewhere:
 
   $ chmod g+w $state/logger.ini
   $ ktl-cli logger -confirm cur
-  ktl-cli: logger service: refusing /*/ktl-cli/logger.ini: group or others can write it (mode 0664; chmod go-w fixes that) (glob)
+  ktl-cli: refusing /*/ktl-cli/logger.ini: group or others can write it (mode 0664; chmod go-w fixes that) (glob)
   [1]
   $ chmod g-w $state/logger.ini
   $ chown nobody $state/logger.edit.ini
   $ ktl-cli logger -confirm edit
-  ktl-cli: logger service: refusing /*/ktl-cli/logger.edit.ini: it belongs to uid 65534, not to you (uid 0) (glob)
+  ktl-cli: refusing /*/ktl-cli/logger.edit.ini: it belongs to uid 65534, not to you (uid 0) (glob)
   [1]
   $ chown root $state/logger.edit.ini
   $ mv $state/audit.log audit.log.saved && ln -s $PWD/elsewhere $state/audit.log

@@ -23,5 +23,5 @@ files; a change is refused, naming the file and the system error:
   $ rm $state/*.lock
   $ unshare -m sh -c "mount --bind -o ro $state $state && ktl-cli logger -confirm cur | head -1 && ktl-cli logger -syslogoutput off"
   Logger configuration
-  ktl-cli: logger service: cannot replace /*/ktl-cli/logger.edit.owner: cannot create a temporary file: Read-only file system (glob)
+  ktl-cli: cannot change /*/ktl-cli/logger.edit.ini: /*/ktl-cli: Read-only file system (glob)
   [1]

@@ -1,7 +1,6 @@
 // Runs ktl-cli as a separate process with the test process's environment,
-// and the fixture of the "logger" command run that way. With bOtherSession the command runs under a shell that stays alive while
-// it runs, so that its session (the parent process) differs from the test
-// process's.
+// and the fixture of the "logger" command run that way. Every ktl-cli here
+// runs in the test's own terminal session.
 //
 // KTL_CLI_WRAPPER, when set, holds a command line (words separated by
 // spaces, the first one a path) put in front of ktl-cli, e.g. a memory
@@ -29,10 +28,8 @@ namespace devhost_test {
 // Starts ktl-cli with the words; the caller waits for it. Standard input,
 // output and error are strFiles + ".in", ".out" and ".err", or /dev/null
 // when strFiles is empty. -1 when it could not be started.
-inline pid_t SpawnCli(const std::vector<std::string>& vecWords, const std::string& strFiles = "",
-                      bool bOtherSession = false) {
+inline pid_t SpawnCli(const std::vector<std::string>& vecWords, const std::string& strFiles = "") {
   std::vector<std::string> vecArgs;
-  if (bOtherSession) vecArgs = {"/bin/sh", "-c", "\"$0\" \"$@\"; exit $?"};
   if (const char* pszWrapper = std::getenv("KTL_CLI_WRAPPER")) {
     std::istringstream in(pszWrapper);
     for (std::string strWord; in >> strWord;) vecArgs.push_back(strWord);
@@ -74,11 +71,11 @@ struct CliRun {
 // Runs ktl-cli to its end. strScratchDir receives the files that hold
 // standard input and output.
 inline CliRun RunCli(const std::vector<std::string>& vecWords, const std::string& strScratchDir,
-                     const std::string& strStdin = "", bool bOtherSession = false) {
+                     const std::string& strStdin = "") {
   const std::string strFiles = strScratchDir + "/cli";
   WriteFile(strFiles + ".in", strStdin);
   CliRun run;
-  run.nExitStatus = WaitExit(SpawnCli(vecWords, strFiles, bOtherSession));
+  run.nExitStatus = WaitExit(SpawnCli(vecWords, strFiles));
   run.strOut = ReadFile(strFiles + ".out");
   run.strErr = ReadFile(strFiles + ".err");
   return run;
@@ -108,9 +105,8 @@ class LoggerCliTest : public devhost_test::DevhostTest {
     SetEnv("KTL_MOUNT_CMD", Path("mount.sh"));
   }
 
-  devhost_test::CliRun Run(const std::vector<std::string>& vecWords, const std::string& strStdin = "",
-                           bool bOtherSession = false) {
-    return devhost_test::RunCli(LoggerWords(vecWords), m_strDir, strStdin, bOtherSession);
+  devhost_test::CliRun Run(const std::vector<std::string>& vecWords, const std::string& strStdin = "") {
+    return devhost_test::RunCli(LoggerWords(vecWords), m_strDir, strStdin);
   }
   // Runs a command that must succeed.
   void RunOk(const std::vector<std::string>& vecWords, const std::string& strStdin = "") {

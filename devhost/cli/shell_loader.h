@@ -1,0 +1,17 @@
+// Starts the interactive shell: loads libktl_shell.so, which lives beside
+// libktl_host.so, only now, so that a one-shot command never loads the
+// line-editing library.
+#ifndef KTL_DEVHOST_CLI_SHELL_LOADER_H
+#define KTL_DEVHOST_CLI_SHELL_LOADER_H
+
+#include "devhost/shell/shell.h"
+
+namespace devhost {
+
+// Runs the shell with pfnRunWords for each line; returns the exit status,
+// 3 when the shell module cannot be loaded.
+int StartShell(KtlRunWords pfnRunWords);
+
+}  // namespace devhost
+
+#endif

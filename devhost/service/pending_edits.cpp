@@ -1,0 +1,91 @@
+#include "devhost/service/pending_edits.h"
+
+#include "devhost/service/logger_conf_check.h"
+
+namespace devhost {
+
+CPendingEdits& CPendingEdits::OfThisCommand() {
+  static CPendingEdits edits;
+  return edits;
+}
+
+bool CPendingEdits::Refresh(const std::string& strPendingFile, std::string& strError) {
+  if (m_eChange != Change::kNone) return true;
+  std::string strText;
+  const IniRead eRead = ReadTextFile(strPendingFile, strText, strError);
+  if (eRead == IniRead::kError) return false;
+  m_strPath = strPendingFile;
+  m_eDiskRead = eRead;
+  m_strDiskText = strText;
+  m_strParseError.clear();
+  m_tree.clear();
+  m_owner = CSessionRecord();
+  m_bHasEdits = !strText.empty();
+  if (m_bHasEdits && ParseIniText(strText, strPendingFile, m_tree, m_strParseError)) {
+    ReadSessionRecord(m_tree, m_owner);
+  }
+  m_bSawEdits = m_bSawEdits || m_bHasEdits;
+  return true;
+}
+
+bool CPendingEdits::Tree(IniTree& tree, std::string& strError) const {
+  if (!m_strParseError.empty()) {
+    strError = m_strParseError;
+    return false;
+  }
+  tree = m_tree;
+  return true;
+}
+
+PendingOwner CPendingEdits::OwnerFor(int nSession) const {
+  if (!m_bHasEdits) return PendingOwner::kNone;
+  if (m_owner.nSession == 0 || !isLive(m_owner)) return PendingOwner::kAbandoned;
+  return m_owner.nSession == nSession ? PendingOwner::kSession : PendingOwner::kOther;
+}
+
+void CPendingEdits::Replace(const IniTree& tree, int nSession) {
+  m_tree = tree;
+  m_strParseError.clear();
+  if (m_owner.nSession != nSession) m_owner = RecordOfSession(nSession);
+  PutSessionRecord(m_tree, m_owner);
+  m_bHasEdits = true;
+  m_eChange = Change::kReplace;
+}
+
+void CPendingEdits::Remove() {
+  m_tree.clear();
+  m_owner = CSessionRecord();
+  m_bHasEdits = false;
+  m_eChange = Change::kRemove;
+}
+
+bool CPendingEdits::Commit(const std::string& strLockFile, std::string& strError) {
+  const CPendingEdits edits = *this;
+  Forget();
+  if (edits.m_eChange == Change::kNone) return !edits.m_bFailed;
+  if (edits.m_bFailed) {
+    strError = edits.m_strPath + " was left as it was";
+    return false;
+  }
+  CStateLock lock;
+  if (!lock.Acquire(strLockFile, strError)) return false;
+  // The view was made from the file as last read; while the command waited
+  // for an answer another command may have replaced it.
+  std::string strText;
+  const IniRead eRead = ReadTextFile(edits.m_strPath, strText, strError);
+  if (eRead == IniRead::kError) return false;
+  if (eRead != edits.m_eDiskRead || strText != edits.m_strDiskText) {
+    strError = edits.m_strPath + " was changed by another command meanwhile; this command's change was not made";
+    return false;
+  }
+  if (edits.m_eChange == Change::kRemove) return RemoveFile(edits.m_strPath, strError);
+  if (!CheckEntries(edits.m_tree, strError)) {
+    strError = edits.m_strPath + ": " + strError + "; the file was left as it was";
+    return false;
+  }
+  // Pending edits are a working copy: an edit is not waited for on disk (the
+  // wait would be most of the command's time), only a save is.
+  return WriteIniFile(edits.m_strPath, edits.m_tree, strError, Flush::kNone);
+}
+
+}  // namespace devhost
