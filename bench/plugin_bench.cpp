@@ -11,16 +11,13 @@
 #include <vector>
 
 #include "plugin/logger_config_cmd.h"
-#include "tests/scripted_host/scripted_host.h"
+#include "tests/support/scripted_host.h"
 
 extern "C" CCommand* GetCommandFactorylogger();
 
 namespace {
 
 const int kOn = 0x11;
-const char kMountListing[] =
-    "/dev/sda1 on / type ext4 (rw,relatime)\n"
-    "/dev/sdb1 on /data type ext4 (rw,relatime)\n";
 
 // Swallows what Show writes, so that the terminal is not measured.
 class NullBuffer : public std::streambuf {
@@ -74,14 +71,15 @@ Velmora_LoggerConf FullConf(int nMounts) {
 void ScriptQuietHost() {
   scripted::reset();
   pExecMethod = nullptr;
-  scripted::Script& s = scripted::script();
-  s.bRecord = false;
-  s.bReadConfFileResult = true;
-  s.effective = FullConf(1);
-  s.effective.fs.nAvailable = 0x10;
-  s.pending = s.effective;
-  s.strMountListing = kMountListing;
-  s.mapStrings["FILESYS/NumFileSys"] = "1";
+  scripted::setRecording(false);
+  Velmora_LoggerConf conf = FullConf(1);
+  conf.fs.nAvailable = 0x10;
+  scripted::answerRecord("effective", conf);
+  scripted::answerRecord("pending", conf);
+  scripted::answer("ReadConfFile", "yes");
+  scripted::answer("mount", "/dev/sda1 on / type ext4 (rw,relatime)");
+  scripted::answer("mount", "/dev/sdb1 on /data type ext4 (rw,relatime)");
+  scripted::answer("GetString.FILESYS/NumFileSys", "1");
 }
 
 // One whole command: factory, CheckParam, CheckExec, Exec, delete.

@@ -14,49 +14,33 @@
 
 #include "host/command.h"
 #include "plugin/logger_config_cmd.h"
-#include "tests/scripted_host/scripted_host.h"
-#include "tests/support/records.h"
+#include "tests/support/scripted_host.h"
 
 extern "C" CCommand* GetCommandFactorylogger();
 
 namespace {
 
-using ktl_test::FsEntry;
-using ktl_test::Monitor;
-
 void ScriptHost() {
   scripted::reset();
-  scripted::Script& s = scripted::script();
-  s.strRendered.clear();  // the report would only fill the log
-  s.strMountListing =
-      "/dev/sda1 on / type ext4 (rw)\n"
-      "/dev/sdb1 on /data type ext3 (rw)\n"
-      "/dev/sdc1 on /srv/log type xfs (rw)\n"
-      "tmpfs on /run type tmpfs (rw,nosuid)\n";
+  scripted::answer("rendered", "");  // the report would only fill the log
+  for (const char* pszLine : {"/dev/sda1 on / type ext4 (rw)", "/dev/sdb1 on /data type ext3 (rw)",
+                              "/dev/sdc1 on /srv/log type xfs (rw)", "tmpfs on /run type tmpfs (rw,nosuid)"})
+    scripted::answer("mount", pszLine);
   for (const char* pszDevice : {"CPU", "MEM", "DISK"}) {
-    const std::string strDevice = pszDevice;
-    s.mapProfile[strDevice + "/THRESHOLD_MIN"] = 10;
-    s.mapProfile[strDevice + "/THRESHOLD_MAX"] = 100;
-    s.mapProfile[strDevice + "/INTERVAL_MIN"] = 1;
-    s.mapProfile[strDevice + "/INTERVAL_MAX"] = 86400;
-    s.mapProfile[strDevice + "/COUNT_MIN"] = 1;
-    s.mapProfile[strDevice + "/COUNT_MAX"] = 1000;
+    const std::string strLimit = std::string("limit.") + pszDevice + "/";
+    for (const char* pszKey : {"THRESHOLD_MIN", "INTERVAL_MIN", "COUNT_MIN"})
+      scripted::answer(strLimit + pszKey, pszKey[0] == 'T' ? "10" : "1");
+    scripted::answer(strLimit + "THRESHOLD_MAX", "100");
+    scripted::answer(strLimit + "INTERVAL_MAX", "86400");
+    scripted::answer(strLimit + "COUNT_MAX", "1000");
   }
-  s.effective.syslogOutput.nOutput = 0x11;
-  s.effective.syslogOutput.nWarning = 0x11;
-  s.effective.cpu = Monitor(0x11, 60, 3, 80);
-  s.effective.mem = Monitor(0x10, -1, -1, -1);
-  s.effective.fs.nAvailable = 0x11;
-  s.effective.fs.nInterval = 300;
-  s.effective.fs.nCount = 2;
-  s.effective.fs.vecThreshold = {FsEntry(1, 80, 0x11, "/"), FsEntry(2, 90, 0x11, "/data")};
-
-  s.bReadConfFileResult = true;
-  s.pending.syslogOutput.nError = 0x10;
-  s.pending.cpu = Monitor(0x11, 10, 2, 70);
-  s.pending.mem = Monitor(0x11, 30, -1, 60);
-  s.pending.fs.nAvailable = 0x11;
-  s.pending.fs.vecThreshold = {FsEntry(3, 70, 0x11, "/srv/log"), FsEntry(4, 50, 0x10, "/gone")};
+  const char* const kAnswers[][2] = {
+      {"effective.syslog", "on - on -"}, {"effective.cpu", "on 60 3 80"}, {"effective.mem", "off -1 -1 -1"},
+      {"effective.fs", "on 300 2"},      {"effective.fs.1", "/ 80 on"},   {"effective.fs.2", "/data 90 on"},
+      {"ReadConfFile", "yes"},           {"pending.syslog", "- - - off"}, {"pending.cpu", "on 10 2 70"},
+      {"pending.mem", "on 30 -1 60"},    {"pending.fs", "on 0 0"},        {"pending.fs.3", "/srv/log 70 on"},
+      {"pending.fs.4", "/gone 50 off"}};
+  for (const auto& answer : kAnswers) scripted::answer(answer[0], answer[1]);
 }
 
 // Words separated by NUL or newline; a final separator ends the last word

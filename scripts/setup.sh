@@ -14,6 +14,7 @@ packages=(
   libkainjow-mustache-dev    # Mustache templates of the development host
   googletest libgtest-dev libgmock-dev
   clang libclang-rt-dev      # sanitizer and fuzzer runtimes
+  clang-format               # scripts/check-format.sh
   valgrind
   libbenchmark-dev hyperfine crudini   # benchmarks (bench/)
   abigail-tools              # abidw / abidiff: the binary contract guard

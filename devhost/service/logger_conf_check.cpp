@@ -1,12 +1,12 @@
 #include "devhost/service/logger_conf_check.h"
 
+#include "devhost/service/logger_conf_keys.h"
+
 namespace devhost {
 namespace {
 
-const char kEntryPrefix[] = "FSNAME-";
-const char kFileSystemSection[] = "FILESYS";
-const char kNumFileSysKey[] = "NumFileSys";
-const char kMountKey[] = "Mount";
+using namespace conf_keys;
+
 const int kMaxEntryNumber = 9999;
 
 // The keys of the shipped default, section by section.
@@ -14,10 +14,10 @@ const struct {
   const char* pszSection;
   const char* pszKeys[4];
 } kRequiredKeys[] = {
-    {"Syslog", {"Output", "Information", "Warning", "Error"}},
-    {"CPU", {"Available", "Interval", "Count", "Threshold"}},
-    {"MEMORY", {"Available", "Interval", "Count", "Threshold"}},
-    {kFileSystemSection, {"Available", "Interval", "Count", kNumFileSysKey}},
+    {kSectionSyslog, {kKeyOutput, kKeyInformation, kKeyWarning, kKeyError}},
+    {kSectionCpu, {kKeyAvailable, kKeyInterval, kKeyCount, kKeyThreshold}},
+    {kSectionMemory, {kKeyAvailable, kKeyInterval, kKeyCount, kKeyThreshold}},
+    {kSectionFileSystem, {kKeyAvailable, kKeyInterval, kKeyCount, kKeyNumFileSys}},
 };
 
 // strText as a decimal number from 0 to kMaxEntryNumber, digits only; -1
@@ -27,7 +27,7 @@ int SmallNumber(const std::string& strText) {
   return std::stoi(strText);
 }
 
-bool isEntrySection(const std::string& strSection) { return strSection.compare(0, 7, kEntryPrefix) == 0; }
+bool isEntrySection(const std::string& strSection) { return strSection.compare(0, 7, kEntrySectionPrefix) == 0; }
 
 // The number of an entry section, "FSNAME-" and 1 to 9999 without leading
 // zeros; -1 when the name carries no such number.
@@ -43,7 +43,7 @@ std::string NotAnEntrySection(const std::string& strSection) {
 }
 
 std::string NotANumFileSys(const std::string& strValue) {
-  return std::string("[") + kFileSystemSection + "] " + kNumFileSysKey + ": \"" + strValue +
+  return std::string("[") + kSectionFileSystem + "] " + kKeyNumFileSys + ": \"" + strValue +
          "\" is not a number from 0 to 9999";
 }
 
@@ -59,8 +59,8 @@ bool CheckEntries(const IniTree& tree, std::string& strError) {
       strError = NotAnEntrySection(section.first);
       return false;
     }
-    if (!FindIniValue(tree, section.first, kMountKey)) {
-      strError = "[" + section.first + "] " + kMountKey + ": missing; every mount-point section names its mount point";
+    if (!FindIniValue(tree, section.first, kKeyMount)) {
+      strError = "[" + section.first + "] " + kKeyMount + ": missing; every mount-point section names its mount point";
       return false;
     }
     if (nNumber > nHighest) {
@@ -68,14 +68,14 @@ bool CheckEntries(const IniTree& tree, std::string& strError) {
       strHighest = section.first;
     }
   }
-  const std::string* pNumFileSys = FindIniValue(tree, kFileSystemSection, kNumFileSysKey);
+  const std::string* pNumFileSys = FindIniValue(tree, kSectionFileSystem, kKeyNumFileSys);
   const int nNumFileSys = pNumFileSys ? SmallNumber(*pNumFileSys) : 0;
   if (nNumFileSys < 0) {
     strError = NotANumFileSys(*pNumFileSys);
     return false;
   }
   if (nNumFileSys < nHighest) {
-    strError = std::string("[") + kFileSystemSection + "] " + kNumFileSysKey + ": " +
+    strError = std::string("[") + kSectionFileSystem + "] " + kKeyNumFileSys + ": " +
                (pNumFileSys ? "\"" + *pNumFileSys + "\" is below the highest entry number, [" + strHighest + "]"
                             : "missing while [" + strHighest + "] exists");
     return false;
@@ -102,7 +102,7 @@ bool CheckEdit(const std::string& strSection, const std::string& strKey, const s
     strError = "cannot write " + NotAnEntrySection(strSection);
     return false;
   }
-  if (strSection == kFileSystemSection && strKey == kNumFileSysKey && SmallNumber(strValue) < 0) {
+  if (strSection == kSectionFileSystem && strKey == kKeyNumFileSys && SmallNumber(strValue) < 0) {
     strError = "cannot write " + NotANumFileSys(strValue);
     return false;
   }

@@ -6,25 +6,12 @@
 #include <cstdlib>
 #include <map>
 
+#include "devhost/service/logger_conf_keys.h"
+
 namespace devhost {
 namespace {
 
-const char kSectionSyslog[] = "Syslog";
-const char kSectionCpu[] = "CPU";
-const char kSectionMemory[] = "MEMORY";
-const char kSectionFileSystem[] = "FILESYS";
-const char kEntrySectionPrefix[] = "FSNAME-";
-
-const char kKeyOutput[] = "Output";
-const char kKeyInformation[] = "Information";
-const char kKeyWarning[] = "Warning";
-const char kKeyError[] = "Error";
-const char kKeyAvailable[] = "Available";
-const char kKeyInterval[] = "Interval";
-const char kKeyCount[] = "Count";
-const char kKeyThreshold[] = "Threshold";
-const char kKeyNumFileSys[] = "NumFileSys";
-const char kKeyMount[] = "Mount";
+using namespace conf_keys;
 
 const int kSwitchOn = 0x11;
 const int kSwitchOff = 0x10;

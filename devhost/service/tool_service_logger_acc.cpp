@@ -14,8 +14,10 @@
 // effect at once.
 //
 // Every file read is checked (devhost/service/logger_conf_check.h); one that
-// fails is refused, never used. Failures other than "not installed" are
-// explained on standard error, naming the file, and make the command fail.
+// fails is refused, never used. "Not installed" is an answer, explained on
+// standard error, for which the plug-in shows its own message; other
+// failures are explained on standard error, naming the file, and make the
+// command fail.
 #include "host/tool_service_logger_acc.h"
 
 #include <unistd.h>
@@ -68,6 +70,21 @@ void Report(const std::string& strMessage) {
   Pending().Fail();
   // An earlier failed write to standard error would keep the stream failed
   // and silence every later message.
+  std::cerr.clear();
+  std::cerr << "ktl-cli: " << strMessage << '\n';
+}
+
+// What this command has explained already: a command asks the service
+// several times, and an answer is explained once.
+std::string& LastExplanation() {
+  static std::string strLast;
+  return strLast;
+}
+
+// Explains an answer on standard error without failing the command.
+void ExplainOnce(const std::string& strMessage) {
+  if (LastExplanation() == strMessage) return;
+  LastExplanation() = strMessage;
   std::cerr.clear();
   std::cerr << "ktl-cli: " << strMessage << '\n';
 }
@@ -136,8 +153,9 @@ bool isInstalled(const CStateFiles& files) {
 int OpenState(const CStateFiles& files, devhost::CStateLock& lock) {
   if (Pending().hasFailed()) return kStatusFailure;
   if (!isInstalled(files)) {
-    Report("the logging tool is not installed: neither " + files.strEffective + " nor " + files.strDefault +
-           " exists");
+    // An answer, not a failure: the plug-in shows its own message for it.
+    ExplainOnce("the logging tool is not installed: neither " + files.strEffective + " nor " + files.strDefault +
+                " exists");
     return kStatusNotInstalled;
   }
   std::string strError;
@@ -191,7 +209,10 @@ bool CommitPendingEdits() {
 
 // A command starts from the files as they are: what an earlier command of
 // this process left uncommitted (it stopped on an exception) is forgotten.
-CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(new CLoggerServiceState) { Pending().Forget(); }
+CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(new CLoggerServiceState) {
+  Pending().Forget();
+  LastExplanation().clear();
+}
 
 CToolServiceLoggerAcc::~CToolServiceLoggerAcc() { delete static_cast<CLoggerServiceState*>(m_pState); }
 

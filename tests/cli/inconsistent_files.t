@@ -100,4 +100,5 @@ not installed:
 
   $ KTL_DEFAULT_CONF=$PWD/none.ini ktl-cli logger -confirm cur
   ktl-cli: the logging tool is not installed: neither */logger.ini nor */none.ini exists (glob)
+  Error: The resource-usage logging tool is not installed.
   [1]

@@ -112,7 +112,9 @@ default.
 
   $ KTL_STATE_DIR=$PWD/none KTL_DEFAULT_CONF=$PWD/none.ini ktl-cli logger -confirm cur
   ktl-cli: the logging tool is not installed: neither */none/logger.ini nor */none.ini exists (glob)
+  Error: The resource-usage logging tool is not installed.
   [1]
   $ KTL_STATE_DIR=$PWD/none KTL_DEFAULT_CONF=$PWD/none.ini ktl-cli logger -syslogoutput on
   ktl-cli: the logging tool is not installed: neither */none/logger.ini nor */none.ini exists (glob)
+  Error: The resource-usage logging tool was not found. Check that it is installed and running.
   [1]

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "host/command.h"
-#include "tests/scripted_host/scripted_host.h"
+#include "tests/support/scripted_host.h"
 
 namespace {
 
@@ -35,9 +35,9 @@ TEST_F(PluginLoadingTest, FactoryResolvesByItsPlainName) {
   CCommand* pCmd = factory();
   ASSERT_NE(pCmd, nullptr);
   delete pCmd;
-  EXPECT_EQ(scripted::callNames(),
+  EXPECT_EQ(scripted::transcript(),
             (std::vector<std::string>{"CMessage::CMessage", "CToolServiceLoggerAcc::CToolServiceLoggerAcc", "GetPPID",
-                                      "initWrite", "CToolServiceLoggerAcc::~CToolServiceLoggerAcc",
+                                      "initWrite(4242)", "CToolServiceLoggerAcc::~CToolServiceLoggerAcc",
                                       "CMessage::~CMessage"}));
 }
 
@@ -51,7 +51,7 @@ TEST_F(PluginLoadingTest, NothingButTheFactoryIsVisible) {
 TEST_F(PluginLoadingTest, ARefusedCommandLineReturnsTheMessageResult) {
   auto factory = reinterpret_cast<CommandFactory>(dlsym(m_pHandle, "GetCommandFactorylogger"));
   ASSERT_NE(factory, nullptr);
-  scripted::script().mapShowResult["MSG_CLI_ERROR_COMMAND"] = 5;
+  scripted::answer("show.MSG_CLI_ERROR_COMMAND", "5");
   CCommand* pCmd = factory();
   EXPECT_EQ(pCmd->CheckParam({"-bogus"}), 5);
   EXPECT_EQ(pCmd->CheckParam({"-confirm", "cur"}), 0);
