@@ -30,7 +30,7 @@ step "build and test"
 build_and_test default
 
 step "end-to-end ktl-cli runs under valgrind memcheck"
-bash scripts/valgrind-e2e.sh build
+bash scripts/valgrind-e2e.sh "$top/build"
 
 step "build and test under ASan and UBSan"
 build_and_test sanitize
@@ -50,5 +50,5 @@ for preset in default old-abi armhf; do
 done
 
 step "packages"
-bash scripts/check-packages.sh build-package
-bash scripts/check-cross-package.sh build-armhf armhf
+bash scripts/check-packages.sh "$top/build-package"
+bash scripts/check-cross-package.sh "$top/build-armhf" armhf
