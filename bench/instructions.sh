@@ -3,7 +3,7 @@
 # (factory to delete) and the part spent inside the scripted host's
 # functions, so that the plug-in's own share can be told apart. Instruction
 # counts do not depend on the machine's load, unlike the wall times.
-#   bench/instructions.sh [BUILD_DIR]      (default: build-bench)
+#   bench/instructions.sh [BUILD_DIR]      (default: build-bench, the "bench" preset)
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 bench="$(cd "${1:-$top/build-bench}" && pwd)/bench/plugin_bench"

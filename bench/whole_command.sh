@@ -5,14 +5,14 @@
 # beside them: the start of ktl-cli and the C++ runtime without any command,
 # the floor under every command.
 #   bench/whole_command.sh [BUILD_DIR [BASELINE_BUILD_DIR]]
-# BUILD_DIR defaults to build-bench, a Release build. With a baseline (a
+# BUILD_DIR defaults to build-bench, the "bench" preset. With a baseline (a
 # Release build of an earlier commit) its ktl-cli makes the same edit in the
 # same run, "before" beside "after".
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 build_dir=$(cd "${1:-$top/build-bench}" && pwd)
 cli="$build_dir/devhost/ktl-cli"
-[ -x "$cli" ] || { echo "whole_command: no $cli; build with KTL_BUILD_BENCH=ON first (bench/README.md)" >&2; exit 1; }
+[ -x "$cli" ] || { echo "whole_command: no $cli; build the \"bench\" preset first (bench/README.md)" >&2; exit 1; }
 baseline=()
 if [ -n "${2:-}" ]; then
   baseline_cli=$(cd "$2" && pwd)/devhost/ktl-cli

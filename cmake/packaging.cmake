@@ -51,9 +51,34 @@ set(CPACK_COMPONENTS_ALL logger host)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION "admin")
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# libktl_host.so comes with ktl-cli, not from another package.
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/devhost")
+if(CMAKE_CROSSCOMPILING)
+  # The packages are for the target's architecture: Debian's name for it,
+  # from the toolchain file or from the processor CMake was given.
+  if(NOT KTL_DEBIAN_ARCHITECTURE)
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(aarch64|arm64)$")
+      set(KTL_DEBIAN_ARCHITECTURE arm64)
+    elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "^arm")
+      set(KTL_DEBIAN_ARCHITECTURE armhf)
+    elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|amd64)$")
+      set(KTL_DEBIAN_ARCHITECTURE amd64)
+    else()
+      message(FATAL_ERROR "Packages: no Debian architecture for ${CMAKE_SYSTEM_PROCESSOR}; "
+                          "set KTL_DEBIAN_ARCHITECTURE")
+    endif()
+  endif()
+  set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE "${KTL_DEBIAN_ARCHITECTURE}")
+  # dpkg-shlibdeps looks the target's libraries up in the dpkg database of
+  # this machine, where the cross runtimes are not packages of that
+  # architecture. The dependencies are stated instead: the C and C++ runtimes
+  # of Debian 12, which the module is linked against (check-plugin.sh shows
+  # the symbol versions it really needs).
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6 (>= 2.36), libgcc-s1 (>= 3.0), libstdc++6 (>= 12)")
+else()
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+  # libktl_host.so comes with ktl-cli, not from another package.
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/devhost")
+endif()
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
 set(CPACK_DEBIAN_LOGGER_PACKAGE_NAME "ktl-cli-logger")
@@ -74,7 +99,9 @@ include(CPack)
 # The shell module lives beside libktl_host.so, where ktl-cli loads it from;
 # command descriptions lie beside the plug-ins they describe; the bash
 # completion goes where Debian's bash-completion loads it on demand.
-install(TARGETS ktl_shell LIBRARY DESTINATION "${KTL_HOST_LIB_DIR}" COMPONENT host)
+if(TARGET ktl_shell)
+  install(TARGETS ktl_shell LIBRARY DESTINATION "${KTL_HOST_LIB_DIR}" COMPONENT host)
+endif()
 install(FILES "${PROJECT_SOURCE_DIR}/devhost/descriptions/logger.command.ini"
         DESTINATION "${KTL_INSTALL_PLUGIN_DIR}" COMPONENT host)
 install(FILES "${PROJECT_SOURCE_DIR}/devhost/man/ktl-cli.1" "${PROJECT_SOURCE_DIR}/devhost/man/ktl-cli-logger.1"

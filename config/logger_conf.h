@@ -81,18 +81,30 @@ struct Velmora_LoggerConf {
   void operator+=(Velmora_LoggerConf& other);
 };
 
-// The layout both sides of the contract rely on (LP64): fifteen 32-bit ints,
-// then the list at the next 8-byte boundary.
-static_assert(sizeof(int) == 4 && alignof(std::vector<int>) == 8, "an LP64 target");
-static_assert(sizeof(Velmora_LoggerSyslogOutputConf) == 16, "four switches");
-static_assert(sizeof(Velmora_LoggerUsageMonitorConf) == 16, "four integers");
-static_assert(offsetof(Velmora_LoggerConf, cpu) == 16, "syslog output first");
-static_assert(offsetof(Velmora_LoggerConf, mem) == 32, "cpu second");
-static_assert(offsetof(Velmora_LoggerConf, fs) == 48, "memory third");
-static_assert(offsetof(Velmora_LoggerFsUsageMonitorConf, vecThreshold) == 16, "three integers, then the list");
-static_assert(offsetof(Velmora_LoggerConf, fs) + offsetof(Velmora_LoggerFsUsageMonitorConf, vecThreshold) == 64,
+// The layout both sides of the contract rely on, on ILP32 and LP64 targets
+// alike: fifteen 32-bit ints, then the list at the list's own alignment
+// (offset 60 on ILP32, 64 on LP64).
+namespace logger_conf_layout {
+// nOffset rounded up to the next multiple of nAlign.
+constexpr std::size_t AlignUp(std::size_t nOffset, std::size_t nAlign) {
+  return (nOffset + nAlign - 1) / nAlign * nAlign;
+}
+const std::size_t kInt = sizeof(int);
+const std::size_t kListAlign = alignof(std::vector<Velmora_LoggerFsThresholdConf>);
+}  // namespace logger_conf_layout
+
+static_assert(sizeof(int) == 4, "the record's fields are 32-bit ints");
+static_assert(sizeof(Velmora_LoggerSyslogOutputConf) == 4 * logger_conf_layout::kInt, "four switches");
+static_assert(sizeof(Velmora_LoggerUsageMonitorConf) == 4 * logger_conf_layout::kInt, "four integers");
+static_assert(offsetof(Velmora_LoggerConf, cpu) == 4 * logger_conf_layout::kInt, "syslog output first");
+static_assert(offsetof(Velmora_LoggerConf, mem) == 8 * logger_conf_layout::kInt, "cpu second");
+static_assert(offsetof(Velmora_LoggerConf, fs) == 12 * logger_conf_layout::kInt, "memory third");
+static_assert(offsetof(Velmora_LoggerConf, fs) + offsetof(Velmora_LoggerFsUsageMonitorConf, vecThreshold) ==
+                  logger_conf_layout::AlignUp(15 * logger_conf_layout::kInt, logger_conf_layout::kListAlign),
               "fifteen integers, then the list");
-static_assert(offsetof(Velmora_LoggerFsThresholdConf, strMount) == 16, "three integers, then the mount point");
+static_assert(offsetof(Velmora_LoggerFsThresholdConf, strMount) ==
+                  logger_conf_layout::AlignUp(3 * logger_conf_layout::kInt, alignof(std::string)),
+              "three integers, then the mount point");
 
 // The two predicates on switches.
 // Set (used by the merge): the low byte has bit 0x01 or 0x10.

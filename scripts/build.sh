@@ -1,10 +1,16 @@
 #!/usr/bin/env bash
-# Configures and builds the project into a build directory.
-#   scripts/build.sh [BUILD_DIR] [extra cmake options...]
-# BUILD_DIR defaults to build/ at the top of the checkout.
+# Configures and builds one variant from its preset in CMakePresets.json.
+#   scripts/build.sh [PRESET] [BUILD_DIR]
+# PRESET defaults to "default"; BUILD_DIR to the preset's own directory
+# (build/ for the default, build-<preset>/ for the others).
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
-build_dir=${1:-$top/build}
-shift || true
-cmake -S "$top" -B "$build_dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@" >/dev/null
-cmake --build "$build_dir"
+preset=${1:-default}
+cd "$top"
+if [ -n "${2:-}" ]; then
+  cmake --preset "$preset" -B "$2" >/dev/null
+  cmake --build "$2"
+else
+  cmake --preset "$preset" >/dev/null
+  cmake --build --preset "$preset"
+fi

@@ -1,24 +1,45 @@
 #!/usr/bin/env bash
 # Guards the binary contract between the host and the logger plug-in.
-#   scripts/check-abi.sh [--update] [BUILD_DIR]   (default build/, built if missing)
+#   scripts/check-abi.sh [--update] [PRESET]   (default: default; built if missing)
 # Compares the ABI of the built plug-in (its exported factory and the types it
-# reaches) and of the development host library (every host function and the
-# record types, without the host's own devhost:: helpers) with the baselines
-# in abi/. Any change fails with abidiff's report. --update rewrites the
-# baselines on purpose; commit them with the change that needs them.
+# reaches) with its baseline in abi/, and in the default variant also the
+# development host library (every host function and the record types,
+# without the host's own devhost:: helpers). Any change fails with abidiff's
+# report. --update rewrites the variant's baselines on purpose; commit them
+# with the change that needs them.
+#
+# Baselines per variant: the default build's are abi/*.abi; another
+# variant's are abi/PRESET/. The plug-in has one per variant because the
+# variants differ in what the contract's types are made of: the std::string
+# of the older ABI is another type under another mangled name, and on ILP32
+# every pointer and the record's list are 32 bits. The host library is
+# compared in the default build only: it is built from the same host/
+# declarations in every variant, so the plug-in's baseline of each variant
+# already holds the types both sides exchange, and a host baseline is 5 MB
+# (every instantiation of std::, Boost and Mustache the library exports).
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
+source "$top/scripts/presets.sh"
 update=0
 if [ "${1:-}" = "--update" ]; then
   update=1
   shift
 fi
-build_dir=${1:-$top/build}
+preset=${1:-default}
+build_dir=$(preset_dir "$top" "$preset")
 
 if [ ! -f "$build_dir/build.ninja" ]; then
-  bash "$top/scripts/build.sh" "$build_dir"
+  bash "$top/scripts/build.sh" "$preset"
 fi
-cmake --build "$build_dir" --target ktl_cli-logger ktl_host
+if [ "$preset" = default ]; then
+  baseline_dir=$top/abi
+  entries=("plugins/libktl_cli-logger.so:libktl_cli-logger" "lib/ktl-cli/libktl_host.so:libktl_host")
+  cmake --build "$build_dir" --target ktl_cli-logger ktl_host
+else
+  baseline_dir=$top/abi/$preset
+  entries=("plugins/libktl_cli-logger.so:libktl_cli-logger")
+  cmake --build "$build_dir" --target ktl_cli-logger
+fi
 
 suppressions=$top/abi/suppressions.ini
 headers=(--headers-dir "$top/host" --headers-dir "$top/config")
@@ -30,18 +51,20 @@ abidw_opts=(--no-corpus-path --no-comp-dir-path --short-locs --drop-private-type
 current=$build_dir/abi
 mkdir -p "$current"
 status=0
-for entry in "plugins/libktl_cli-logger.so:libktl_cli-logger" "lib/ktl-cli/libktl_host.so:libktl_host"; do
+for entry in "${entries[@]}"; do
   lib=$build_dir/${entry%%:*}
   name=${entry##*:}
   abidw "${abidw_opts[@]}" --out-file "$current/$name.abi" "$lib"
-  baseline=$top/abi/$name.abi
+  baseline=$baseline_dir/$name.abi
+  shown=${baseline#"$top"/}
   if [ "$update" -eq 1 ]; then
+    mkdir -p "$baseline_dir"
     cp "$current/$name.abi" "$baseline"
-    echo "check-abi: updated abi/$name.abi"
+    echo "check-abi: updated $shown"
     continue
   fi
   if [ ! -f "$baseline" ]; then
-    echo "check-abi: abi/$name.abi is missing; run scripts/check-abi.sh --update" >&2
+    echo "check-abi: $shown is missing; run scripts/check-abi.sh --update $preset" >&2
     status=1
     continue
   fi
@@ -51,11 +74,11 @@ for entry in "plugins/libktl_cli-logger.so:libktl_cli-logger" "lib/ktl-cli/libkt
   abidiff --suppressions "$suppressions" "$baseline" "$current/$name.abi" \
     >"$current/$name.diff" 2>&1 || rc=$?
   if [ "$rc" -ne 0 ]; then
-    echo "check-abi: $name differs from abi/$name.abi (abidiff status $rc):" >&2
+    echo "check-abi: $name differs from $shown (abidiff status $rc):" >&2
     cat "$current/$name.diff" >&2
     status=1
   else
-    echo "check-abi: $name matches abi/$name.abi"
+    echo "check-abi: $name matches $shown"
   fi
 done
 exit "$status"

@@ -2,6 +2,7 @@
 # Builds the Debian packages, checks their contents, installs them on this
 # machine, runs the installed ktl-cli once, and removes them again.
 #   scripts/check-packages.sh [BUILD_DIR]     (default: build-package/)
+# The build is the "package" preset: Release, no tests, the installed paths.
 # Needs root for dpkg -i; the machine is left as it was, also on failure.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
@@ -17,12 +18,7 @@ for p in "${packages[@]}"; do
 done
 
 echo "== build"
-cmake -S "$top" -B "$build_dir" -G Ninja -DCMAKE_BUILD_TYPE=Release -DKTL_WERROR=ON \
-  -DKTL_BUILD_TESTS=OFF \
-  -DCMAKE_INSTALL_PREFIX=/usr \
-  -DKTL_HOST_PLUGIN_DIR=/opt/velmora/ktl/cli/plugins \
-  -DKTL_HOST_DATA_DIR=/usr/share/ktl-cli >/dev/null
-cmake --build "$build_dir"
+bash "$top/scripts/build.sh" package "$build_dir"
 
 echo "== package"
 rm -f "$build_dir"/*.deb

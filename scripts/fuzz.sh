@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Fuzzes the logger command's whole protocol for a while.
 #   scripts/fuzz.sh [SECONDS]     (default 60)
-# Builds the libFuzzer target with clang in build-fuzz/ and runs it on a copy
+# Builds the libFuzzer target with clang (the "fuzz" preset) in build-fuzz/ and runs it on a copy
 # of fuzz/corpus/, so that the committed seeds do not grow. Exits non-zero on
 # any crash, leak, sanitizer report or timeout; the reproducing input is left
 # in build-fuzz/ (crash-*, leak-*, timeout-*) and can be replayed by passing
@@ -11,9 +11,7 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 seconds=${1:-60}
 build_dir=$top/build-fuzz
 
-CXX=clang++ cmake -S "$top" -B "$build_dir" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DKTL_BUILD_FUZZ=ON -DKTL_BUILD_TESTS=OFF >/dev/null
-cmake --build "$build_dir" --target logger_command_fuzzer
+bash "$top/scripts/build.sh" fuzz
 
 corpus=$build_dir/fuzz-corpus
 rm -rf "$corpus"

@@ -1,5 +1,9 @@
 #!/usr/bin/env bash
 # Installs every Debian package the project needs to build, run and test.
+#   scripts/setup.sh            what every build and test of this machine needs
+#   scripts/setup.sh --cross    also the cross compilers and qemu-user of the
+#                               armhf and aarch64 presets (about 110 MB to fetch,
+#                               460 MB to unpack), kept apart from the rest
 # Idempotent: when everything is installed it only asks dpkg and returns.
 set -euo pipefail
 
@@ -19,7 +23,15 @@ packages=(
   man-db groff-base          # the manual pages' rendering test (man --warnings)
   bash-completion bsdutils   # ktl-cli's bash completion; script(1) for the shell's test
   dpkg-dev file              # cpack's Debian dependency step (dpkg-shlibdeps)
+  binutils                   # readelf and c++filt: scripts/check-plugin.sh
 )
+if [ "${1:-}" = "--cross" ]; then
+  packages=(
+    g++-arm-linux-gnueabihf g++-aarch64-linux-gnu   # the appliance builds (cmake/toolchains/)
+    qemu-user                                       # runs their tests; no binfmt registration needed
+    googletest                                      # GoogleTest's sources, built for the target
+  )
+fi
 
 missing=()
 for p in "${packages[@]}"; do

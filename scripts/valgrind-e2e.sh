@@ -11,7 +11,7 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 build_dir=${1:-$top/build}
 
 if [ ! -f "$build_dir/build.ninja" ]; then
-  bash "$top/scripts/build.sh" "$build_dir"
+  bash "$top/scripts/build.sh" default "$build_dir"
 fi
 if grep -q '^KTL_SANITIZE:BOOL=ON' "$build_dir/CMakeCache.txt"; then
   echo "valgrind-e2e: $build_dir is a sanitizer build; valgrind needs a plain one" >&2

@@ -4,7 +4,8 @@
 //
 // KTL_CLI_WRAPPER, when set, holds a command line (words separated by
 // spaces, the first one a path) put in front of ktl-cli, e.g. a memory
-// checker with its options.
+// checker with its options. A cross build compiles in KTL_CLI_EMULATOR, the
+// emulator's command line, which goes right before ktl-cli.
 #ifndef KTL_TESTS_DEVHOST_CLI_PROCESS_H
 #define KTL_TESTS_DEVHOST_CLI_PROCESS_H
 
@@ -30,10 +31,14 @@ namespace devhost_test {
 // when strFiles is empty. -1 when it could not be started.
 inline pid_t SpawnCli(const std::vector<std::string>& vecWords, const std::string& strFiles = "") {
   std::vector<std::string> vecArgs;
-  if (const char* pszWrapper = std::getenv("KTL_CLI_WRAPPER")) {
-    std::istringstream in(pszWrapper);
+  const auto addWords = [&vecArgs](const char* pszWords) {
+    std::istringstream in(pszWords);
     for (std::string strWord; in >> strWord;) vecArgs.push_back(strWord);
-  }
+  };
+  if (const char* pszWrapper = std::getenv("KTL_CLI_WRAPPER")) addWords(pszWrapper);
+#ifdef KTL_CLI_EMULATOR
+  addWords(KTL_CLI_EMULATOR);
+#endif
   vecArgs.push_back(KTL_CLI_PATH);
   vecArgs.insert(vecArgs.end(), vecWords.begin(), vecWords.end());
   std::vector<char*> argv;
