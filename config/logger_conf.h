@@ -58,9 +58,9 @@ struct Velmora_LoggerFsThresholdConf {
 
 // The disk monitor: section "FILESYS" and its mount-point entries.
 struct Velmora_LoggerFsUsageMonitorConf {
-  int nAvailable;  // "Available": disk monitor on/off
-  int nInterval;   // "Interval"; -1 = not set
-  int nCount;      // "Count"; -1 = not set
+  int nAvailable;                                           // "Available": disk monitor on/off
+  int nInterval;                                            // "Interval"; -1 = not set
+  int nCount;                                               // "Count"; -1 = not set
   std::vector<Velmora_LoggerFsThresholdConf> vecThreshold;  // in entry order
 
   Velmora_LoggerFsUsageMonitorConf() : nAvailable(0), nInterval(0), nCount(0) {}

@@ -13,7 +13,8 @@
 
 namespace {
 
-const char kSigMultiplex[] = "bool CLoggerConfigCmd::isMultiplexDefinition(std::string, Velmora_LoggerFsThresholdConf&)";
+const char kSigMultiplex[] =
+    "bool CLoggerConfigCmd::isMultiplexDefinition(std::string, Velmora_LoggerFsThresholdConf&)";
 const char kSigCmdMount[] = "int CLoggerConfigCmd::CmdMount()";
 
 const char kSectionFilesys[] = "FILESYS";

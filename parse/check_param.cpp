@@ -132,8 +132,12 @@ struct Form {
 
 // Compared in this order; the first equal option selects the form.
 const Form kForms[] = {
-    {"-syslogoutput", ParseSyslogOutput}, {"-alert", ParseAlert},     {"-device", ParseDevice},
-    {"-mp", ParseMountPoint},             {"-confirm", ParseConfirm}, {"-discard", ParseDiscard},
+    {"-syslogoutput", ParseSyslogOutput},
+    {"-alert", ParseAlert},
+    {"-device", ParseDevice},
+    {"-mp", ParseMountPoint},
+    {"-confirm", ParseConfirm},
+    {"-discard", ParseDiscard},
     {"-save", ParseSave},
 };
 

@@ -47,7 +47,8 @@ const SectionLimits kCpuLimits = {"CPU", kIntervalRange, kCountRange, {{"THRESHO
 const SectionLimits kMemoryLimits = {
     "MEMORY", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 40}, {"THRESHOLD_MAX", 100}}};
 // Also the limits of the mount-point form's "-threshold".
-const SectionLimits kDiskLimits = {"DISK", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 40}, {"THRESHOLD_MAX", 100}}};
+const SectionLimits kDiskLimits = {
+    "DISK", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 40}, {"THRESHOLD_MAX", 100}}};
 
 // ---- The command line ----
 
@@ -79,8 +80,8 @@ int ReadBound(const char* pszSection, const Bound& bound) {
 }
 
 void TraceRejected(const char* pszSignature, const CCommandParam& param) {
-  logger_trace::Note(CTraceUtility::TRACE_DBG_PARAM, pszSignature, "Parameter Error: %s %s",
-                     param.m_strOption.c_str(), param.m_strValue.c_str());
+  logger_trace::Note(CTraceUtility::TRACE_DBG_PARAM, pszSignature, "Parameter Error: %s %s", param.m_strOption.c_str(),
+                     param.m_strValue.c_str());
 }
 
 void TraceUnknown(const char* pszSignature, const CCommandParam& param) {
@@ -95,8 +96,8 @@ void TraceOffWithValues(const char* pszSignature, size_t nOptions) {
 
 // Checks one value against a range read from the limits file; nMember is
 // written only when the value is accepted.
-bool CheckInRange(CLoggerConfigCmd& cmd, const char* pszSection, const Range& range,
-                  const CCommandParam& param, int& nMember) {
+bool CheckInRange(CLoggerConfigCmd& cmd, const char* pszSection, const Range& range, const CCommandParam& param,
+                  int& nMember) {
   const int nMin = ReadBound(pszSection, range.min);
   const int nMax = ReadBound(pszSection, range.max);
   return cmd.CheckIntParam(param.m_strValue, nMin, nMax, nMember);

@@ -57,8 +57,8 @@ bool CLoggerConfigCmd::isMounted(std::string strMountPoint) {
     if (listing.eof()) break;
     std::string strDirectory;
     if (MountDirectoryOf(szLine, strDirectory)) {
-      logger_trace::Note(CTraceUtility::TRACE_DBG_NOTE, kSigIsMounted, "mount exp=%s, res=%s",
-                         strMountPoint.c_str(), strDirectory.c_str());
+      logger_trace::Note(CTraceUtility::TRACE_DBG_NOTE, kSigIsMounted, "mount exp=%s, res=%s", strMountPoint.c_str(),
+                         strDirectory.c_str());
       if (strDirectory == strMountPoint) {
         bFound = true;
         break;

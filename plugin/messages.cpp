@@ -1,6 +1,6 @@
 // How the command shows catalogue messages.
-#include "plugin/logger_config_cmd.h"
 #include "plugin/messages.h"
+#include "plugin/logger_config_cmd.h"
 
 int CLoggerConfigCmd::ShowMessage(const char* pszMsgId) { return m_pMessage->show(pszMsgId, 0, ""); }
 

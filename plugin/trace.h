@@ -31,8 +31,7 @@ void LeaveBool(const char* pszSignature, bool bResult);
 // "<signature> <message>" at the given level; the message is a printf
 // format whose values follow.
 template <typename... Args>
-void Note(CTraceUtility::TRACE_DBG_LEVEL eLevel, const char* pszSignature, const char* pszMessage,
-          Args... args) {
+void Note(CTraceUtility::TRACE_DBG_LEVEL eLevel, const char* pszSignature, const char* pszMessage, Args... args) {
   const std::string strFormat = std::string(pszSignature) + " " + pszMessage;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-security"

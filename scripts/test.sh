@@ -6,7 +6,8 @@
 # each build's module checked with check-plugin.sh; then the guards: a minute
 # of fuzzing, the binary contract against abi/, and the Debian packages
 # (built, installed, run and removed, which needs root; the armhf ones built
-# and inspected). Each build is a preset of CMakePresets.json.
+# and inspected). The C++ files must match .clang-format first. Each build is
+# a preset of CMakePresets.json.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 cd "$top"
@@ -25,6 +26,9 @@ build_and_test() {
   ctest --preset "$preset"
   bash scripts/check-plugin.sh "$(source scripts/presets.sh; preset_dir "$top" "$preset")"
 }
+
+step "formatting (.clang-format)"
+bash scripts/check-format.sh
 
 step "build and test"
 build_and_test default

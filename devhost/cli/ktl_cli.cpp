@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "devhost/cli/drive_command.h"
-#include "devhost/cli/standard_output.h"
 #include "devhost/cli/shell_loader.h"
+#include "devhost/cli/standard_output.h"
 #include "devhost/files/paths.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
@@ -69,8 +69,7 @@ void PrintUsage(std::ostream& out) {
       {"KTL_TRACE_FILE", "debug trace file", devhost::TraceFile()},
       {"KTL_TRACE_MASK", "enabled trace levels, a bit mask of 1|2|4|8|16; 0 = off",
        std::to_string(devhost::TraceMask())},
-      {"KTL_LOCK_TIMEOUT", "seconds to wait for another command's lock",
-       std::to_string(devhost::LockTimeoutSeconds())},
+      {"KTL_LOCK_TIMEOUT", "seconds to wait for another command's lock", std::to_string(devhost::LockTimeoutSeconds())},
       {"TMPDIR", "where command output files are created", devhost::TempDir()},
   };
   out << kUsage;

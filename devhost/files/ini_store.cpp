@@ -229,7 +229,9 @@ const std::string* FindIniValue(const IniTree& tree, const std::string& strSecti
 bool isStorableIniEntry(const std::string& strSection, const std::string& strKey, const std::string& strValue,
                         std::string& strError) {
   const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-  const auto hasBlankEnds = [&](const std::string& str) { return !str.empty() && (isBlank(str.front()) || isBlank(str.back())); };
+  const auto hasBlankEnds = [&](const std::string& str) {
+    return !str.empty() && (isBlank(str.front()) || isBlank(str.back()));
+  };
   const auto hasLineBreak = [](const std::string& str) { return str.find_first_of("\r\n") != std::string::npos; };
   std::string strProblem;
   if (strSection.empty() || strSection.find(']') != std::string::npos) {
@@ -248,8 +250,7 @@ bool isStorableIniEntry(const std::string& strSection, const std::string& strKey
   return false;
 }
 
-void SetIniValue(IniTree& tree, const std::string& strSection, const std::string& strKey,
-                 const std::string& strValue) {
+void SetIniValue(IniTree& tree, const std::string& strSection, const std::string& strKey, const std::string& strValue) {
   auto section = tree.find(strSection);
   IniTree& sectionTree =
       section == tree.not_found() ? tree.push_back(std::make_pair(strSection, IniTree()))->second : section->second;

@@ -80,8 +80,7 @@ bool isStorableIniEntry(const std::string& strSection, const std::string& strKey
 
 // Sets key strKey of section strSection to strValue, appending the section
 // or the key when it is absent.
-void SetIniValue(IniTree& tree, const std::string& strSection, const std::string& strKey,
-                 const std::string& strValue);
+void SetIniValue(IniTree& tree, const std::string& strSection, const std::string& strKey, const std::string& strValue);
 
 }  // namespace devhost
 

@@ -37,9 +37,7 @@ bool isProcessGone(long nProcessId) { return kill(static_cast<pid_t>(nProcessId)
 
 }  // namespace
 
-std::string TempFileTemplate(const std::string& strPrefix) {
-  return strPrefix + std::to_string(getpid()) + ".XXXXXX";
-}
+std::string TempFileTemplate(const std::string& strPrefix) { return strPrefix + std::to_string(getpid()) + ".XXXXXX"; }
 
 void RemoveLeftovers(const std::string& strDir, const std::string& strPrefix, bool bPrefixIsWholeStart) {
   DIR* pDir = opendir(strDir.c_str());

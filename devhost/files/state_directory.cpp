@@ -9,8 +9,9 @@ namespace devhost {
 bool PrepareStateDir(std::string& strError) {
   const std::string strDir = StateDir();
   if (strDir.empty()) {
-    strError = "no state directory: neither HOME nor XDG_STATE_HOME is set; set HOME, XDG_STATE_HOME or "
-               "KTL_STATE_DIR to a directory of your own";
+    strError =
+        "no state directory: neither HOME nor XDG_STATE_HOME is set; set HOME, XDG_STATE_HOME or "
+        "KTL_STATE_DIR to a directory of your own";
     return false;
   }
   return MakeDirectories(strDir, strError) && isTrustedDirectory(strDir, strError);

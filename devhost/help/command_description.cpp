@@ -121,8 +121,7 @@ std::string CommandDescriptionFile(const std::string& strCommand) {
   return PluginDir() + "/" + strCommand + kDescriptionSuffix;
 }
 
-bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& description,
-                            std::string& strError) {
+bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& description, std::string& strError) {
   const std::string strFile = CommandDescriptionFile(strCommand);
   std::ifstream in(strFile);
   if (!in) {

@@ -83,8 +83,7 @@ std::string CommandDescriptionFile(const std::string& strCommand);
 
 // Reads the description of strCommand. On failure returns false and says why
 // in strError (the file, and the line or the name that is wrong).
-bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& description,
-                            std::string& strError);
+bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& description, std::string& strError);
 
 // The commands installed in the plug-in directory, sorted by name.
 std::vector<std::string> InstalledCommands();

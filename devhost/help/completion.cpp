@@ -58,8 +58,7 @@ std::vector<std::string> ForCommandWords(const CCommandDescription& description,
 
 }  // namespace
 
-std::vector<std::string> CompletionCandidates(const std::vector<std::string>& vecBefore,
-                                              const std::string& strPrefix) {
+std::vector<std::string> CompletionCandidates(const std::vector<std::string>& vecBefore, const std::string& strPrefix) {
   std::vector<std::string> vecCandidates;
   const std::vector<std::string> vecCommands = InstalledCommands();
   if (vecBefore.empty()) {

@@ -14,8 +14,7 @@ namespace devhost {
 // The words that may stand where strPrefix is being typed, after the words
 // vecBefore ("logger", "-device", ...), each starting with strPrefix, sorted.
 // The word "help" counts as a command; after it come command names.
-std::vector<std::string> CompletionCandidates(const std::vector<std::string>& vecBefore,
-                                              const std::string& strPrefix);
+std::vector<std::string> CompletionCandidates(const std::vector<std::string>& vecBefore, const std::string& strPrefix);
 
 }  // namespace devhost
 

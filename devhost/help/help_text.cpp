@@ -83,10 +83,11 @@ void ShowCommandList(std::ostream& out) {
   }
   if (vecCommands.empty()) out << "  (none installed)\n";
   out << "\n"
-      << Wrapped("\"ktl-cli help COMMAND\" shows the forms and options of a command; \"ktl-cli --help\" shows "
-                 "ktl-cli's environment and exit statuses. Started on a terminal with no command, ktl-cli is a "
-                 "shell: type commands without \"ktl-cli\", \"help\" for this list, \"exit\" to leave.",
-                 "");
+      << Wrapped(
+             "\"ktl-cli help COMMAND\" shows the forms and options of a command; \"ktl-cli --help\" shows "
+             "ktl-cli's environment and exit statuses. Started on a terminal with no command, ktl-cli is a "
+             "shell: type commands without \"ktl-cli\", \"help\" for this list, \"exit\" to leave.",
+             "");
 }
 
 void ShowCommand(const CCommandDescription& description, std::ostream& out) {
@@ -97,7 +98,8 @@ void ShowCommand(const CCommandDescription& description, std::ostream& out) {
     size_t nColumn = 0;
     for (const COptionDescription& option : form.vecOptions) {
       if (option.strMeaning.empty() && !option.isNumber()) continue;
-      nColumn = std::max(nColumn, option.strName.size() + (option.strPlaceholder.empty() ? 0 : option.strPlaceholder.size() + 1));
+      nColumn = std::max(
+          nColumn, option.strName.size() + (option.strPlaceholder.empty() ? 0 : option.strPlaceholder.size() + 1));
     }
     for (const COptionDescription& option : form.vecOptions) {
       std::string strMeaning = option.strMeaning;
@@ -110,14 +112,14 @@ void ShowCommand(const CCommandDescription& description, std::ostream& out) {
       const std::string strLabel = option.strName + (option.strPlaceholder.empty() ? "" : " " + option.strPlaceholder);
       const std::string strIndent(8 + nColumn + 2, ' ');
       const std::string strText = Wrapped(strMeaning, strIndent);
-      out << "        " << strLabel << std::string(nColumn + 2 - strLabel.size(), ' ') << strText.substr(strIndent.size());
+      out << "        " << strLabel << std::string(nColumn + 2 - strLabel.size(), ' ')
+          << strText.substr(strIndent.size());
     }
   }
   out << "\n" << Wrapped("Values from a set may be typed in any case.", "");
   if (bHasLimits && !description.strLimitsFile.empty()) {
-    out << Wrapped("The ranges are those in force: from " + description.strLimitsFile +
-                       " where it sets them, else built-in.",
-                   "");
+    out << Wrapped(
+        "The ranges are those in force: from " + description.strLimitsFile + " where it sets them, else built-in.", "");
   }
 }
 

@@ -53,8 +53,7 @@ bool CTemplateEngine::Output(CTempleteContext context, std::string& strOutput) {
   kainjow::mustache::data data;
   std::string strError;
   if (!ToMustacheData(context.m_mapData, data, strError)) {
-    std::cerr << "ktl-cli: cannot render the template " << context.m_strTemplateName << ": " << strError
-              << std::endl;
+    std::cerr << "ktl-cli: cannot render the template " << context.m_strTemplateName << ": " << strError << std::endl;
     return false;
   }
   // Rendering records its errors in the template object: render a copy, so
@@ -63,8 +62,8 @@ bool CTemplateEngine::Output(CTempleteContext context, std::string& strOutput) {
   renderer.set_custom_escape([](const std::string& strValue) { return strValue; });
   std::string strText = renderer.render(data);
   if (!renderer.is_valid()) {
-    std::cerr << "ktl-cli: cannot render the template " << context.m_strTemplateName << ": "
-              << renderer.error_message() << std::endl;
+    std::cerr << "ktl-cli: cannot render the template " << context.m_strTemplateName << ": " << renderer.error_message()
+              << std::endl;
     return false;
   }
   strOutput = strText;

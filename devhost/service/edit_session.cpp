@@ -7,8 +7,8 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 
 #include "devhost/files/ini_store.h"
@@ -162,7 +162,8 @@ bool ReadSessionRecord(const IniTree& tree, CSessionRecord& record) {
 void PutSessionRecord(IniTree& tree, const CSessionRecord& record) {
   tree.erase(kSessionSection);
   SetIniValue(tree, kSessionSection, kSessionKey, std::to_string(record.nSession));
-  if (record.nLeaderStart != 0) SetIniValue(tree, kSessionSection, kLeaderStartKey, std::to_string(record.nLeaderStart));
+  if (record.nLeaderStart != 0)
+    SetIniValue(tree, kSessionSection, kLeaderStartKey, std::to_string(record.nLeaderStart));
 }
 
 }  // namespace devhost

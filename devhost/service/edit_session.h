@@ -53,7 +53,7 @@ int CurrentSession();
 
 // The owner of pending edits as the pending configuration records it.
 struct CSessionRecord {
-  int nSession = 0;                    // the leader's process id; 0 = none recorded
+  int nSession = 0;                     // the leader's process id; 0 = none recorded
   unsigned long long nLeaderStart = 0;  // its start time, 0 = unknown
 };
 

@@ -99,8 +99,8 @@ bool ReadEntries(const IniTree& tree, std::vector<Velmora_LoggerFsThresholdConf>
     const int nNumber = EntryNumberOf(section.first);
     if (nNumber == 0) continue;
     if (nNumber < 0) {
-      strError = "[" + section.first + "] is not a mount-point section (expected " + kEntrySectionPrefix +
-                 "<number from 1>)";
+      strError =
+          "[" + section.first + "] is not a mount-point section (expected " + kEntrySectionPrefix + "<number from 1>)";
       return false;
     }
     Velmora_LoggerFsThresholdConf entry;
@@ -145,16 +145,14 @@ bool ConfFromIni(const IniTree& tree, Velmora_LoggerConf& conf, std::string& str
   Velmora_LoggerConf read;
   const CSectionReader syslog(tree, kSectionSyslog);
   const CSectionReader fs(tree, kSectionFileSystem);
-  const bool bRead = syslog.Switch(kKeyOutput, read.syslogOutput.nOutput, strError) &&
-                     syslog.Switch(kKeyInformation, read.syslogOutput.nInformation, strError) &&
-                     syslog.Switch(kKeyWarning, read.syslogOutput.nWarning, strError) &&
-                     syslog.Switch(kKeyError, read.syslogOutput.nError, strError) &&
-                     ReadMonitor(tree, kSectionCpu, read.cpu, strError) &&
-                     ReadMonitor(tree, kSectionMemory, read.mem, strError) &&
-                     fs.Switch(kKeyAvailable, read.fs.nAvailable, strError) &&
-                     fs.Integer(kKeyInterval, read.fs.nInterval, strError) &&
-                     fs.Integer(kKeyCount, read.fs.nCount, strError) &&
-                     ReadEntries(tree, read.fs.vecThreshold, strError);
+  const bool bRead =
+      syslog.Switch(kKeyOutput, read.syslogOutput.nOutput, strError) &&
+      syslog.Switch(kKeyInformation, read.syslogOutput.nInformation, strError) &&
+      syslog.Switch(kKeyWarning, read.syslogOutput.nWarning, strError) &&
+      syslog.Switch(kKeyError, read.syslogOutput.nError, strError) &&
+      ReadMonitor(tree, kSectionCpu, read.cpu, strError) && ReadMonitor(tree, kSectionMemory, read.mem, strError) &&
+      fs.Switch(kKeyAvailable, read.fs.nAvailable, strError) && fs.Integer(kKeyInterval, read.fs.nInterval, strError) &&
+      fs.Integer(kKeyCount, read.fs.nCount, strError) && ReadEntries(tree, read.fs.vecThreshold, strError);
   if (bRead) conf = read;
   return bRead;
 }
@@ -192,14 +190,14 @@ std::vector<std::string> DescribeConf(const Velmora_LoggerConf& conf) {
                   FormatSwitch(syslog.nWarning) + " " + kKeyError + "=" + FormatSwitch(syslog.nError));
   lines.push_back(DescribeMonitor(kSectionCpu, conf.cpu));
   lines.push_back(DescribeMonitor(kSectionMemory, conf.mem));
-  lines.push_back(std::string("[") + kSectionFileSystem + "] " + kKeyAvailable + "=" + FormatSwitch(conf.fs.nAvailable) +
-                  " " + kKeyInterval + "=" + std::to_string(conf.fs.nInterval) + " " + kKeyCount + "=" +
-                  std::to_string(conf.fs.nCount) + " " + kKeyNumFileSys + "=" +
+  lines.push_back(std::string("[") + kSectionFileSystem + "] " + kKeyAvailable + "=" +
+                  FormatSwitch(conf.fs.nAvailable) + " " + kKeyInterval + "=" + std::to_string(conf.fs.nInterval) +
+                  " " + kKeyCount + "=" + std::to_string(conf.fs.nCount) + " " + kKeyNumFileSys + "=" +
                   std::to_string(conf.fs.vecThreshold.size()));
   for (const Velmora_LoggerFsThresholdConf& entry : conf.fs.vecThreshold) {
-    lines.push_back(std::string("[") + kEntrySectionPrefix + std::to_string(entry.nIndex) + "] " + kKeyAvailable +
-                    "=" + FormatSwitch(entry.nAvailable) + " " + kKeyThreshold + "=" +
-                    std::to_string(entry.nThreshold) + " " + kKeyMount + "=" + entry.strMount);
+    lines.push_back(std::string("[") + kEntrySectionPrefix + std::to_string(entry.nIndex) + "] " + kKeyAvailable + "=" +
+                    FormatSwitch(entry.nAvailable) + " " + kKeyThreshold + "=" + std::to_string(entry.nThreshold) +
+                    " " + kKeyMount + "=" + entry.strMount);
   }
   return lines;
 }

@@ -251,8 +251,9 @@ bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
   devhost::CStateLock lock;
   if (OpenState(files, lock) != kStatusOk) return false;
   if (Pending().wereDroppedMeanwhile()) {
-    Report("the pending changes were discarded by another command while this one waited for an answer; "
-           "nothing was saved");
+    Report(
+        "the pending changes were discarded by another command while this one waited for an answer; "
+        "nothing was saved");
     return false;
   }
   // No pending edits is an ordinary answer, not a failure worth explaining.

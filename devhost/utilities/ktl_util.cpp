@@ -18,9 +18,9 @@
 #include <cstdarg>
 #include <vector>
 
-#include "devhost/utilities/format.h"
 #include "devhost/files/leftovers.h"
 #include "devhost/files/paths.h"
+#include "devhost/utilities/format.h"
 
 extern char** environ;
 

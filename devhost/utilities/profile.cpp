@@ -18,8 +18,8 @@
 #include <strings.h>
 
 #include <climits>
-#include <iterator>
 #include <iostream>
+#include <iterator>
 #include <set>
 #include <string>
 

@@ -75,8 +75,8 @@ std::string RangeInForce(const std::string& strReason, const std::vector<LimitRe
   const std::string strStem = min.strKey.substr(0, min.strKey.size() - 4);
   if (max.strKey != strStem + kMaxSuffix || min.strSection != max.strSection || min.strFile != max.strFile) return "";
   if (Lower(OptionOfRejectedValue(strReason)) != "-" + Lower(strStem)) return "";
-  return " (allowed " + std::to_string(min.nValue) + " to " + std::to_string(max.nValue) + ": " + min.strSection +
-         " " + min.strKey + ", " + max.strKey + " in " + min.strFile + ", or built-in)";
+  return " (allowed " + std::to_string(min.nValue) + " to " + std::to_string(max.nValue) + ": " + min.strSection + " " +
+         min.strKey + ", " + max.strKey + " in " + min.strFile + ", or built-in)";
 }
 
 }  // namespace
@@ -102,8 +102,7 @@ void NoteTracedReason(const char* pszModule, unsigned nLevel, const std::string&
   if (std::find(vecReasons.begin(), vecReasons.end(), strFull) == vecReasons.end()) vecReasons.push_back(strFull);
 }
 
-void NoteLimitRead(const std::string& strSection, const std::string& strKey, const std::string& strFile,
-                   int nValue) {
+void NoteLimitRead(const std::string& strSection, const std::string& strKey, const std::string& strFile, int nValue) {
   std::vector<LimitRead>& vecReads = Current().vecRecentReads;
   vecReads.push_back(LimitRead{strSection, strKey, strFile, nValue});
   if (vecReads.size() > 2) vecReads.erase(vecReads.begin());

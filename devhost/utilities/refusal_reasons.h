@@ -27,8 +27,7 @@ void NoteTracedReason(const char* pszModule, unsigned nLevel, const std::string&
 
 // One value served from a limits file: section, key, the file as the
 // plug-in named it, and the value returned (configured or built-in).
-void NoteLimitRead(const std::string& strSection, const std::string& strKey, const std::string& strFile,
-                   int nValue);
+void NoteLimitRead(const std::string& strSection, const std::string& strKey, const std::string& strFile, int nValue);
 
 // The reasons in the order they were traced, each without the operation's
 // signature text. A rejected value of option "-x" whose limits X_MIN and X_MAX

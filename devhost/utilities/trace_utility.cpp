@@ -19,16 +19,16 @@
 #include <string>
 
 #include "devhost/files/append_file.h"
-#include "devhost/utilities/format.h"
 #include "devhost/files/paths.h"
+#include "devhost/utilities/format.h"
 #include "devhost/utilities/refusal_reasons.h"
 #include "devhost/utilities/timestamp.h"
 
 namespace {
 
 // Formatted even when the mask is off: they may explain a refusal.
-const unsigned kReasonLevels = CTraceUtility::TRACE_DBG_NOTE | CTraceUtility::TRACE_DBG_ENV |
-                               CTraceUtility::TRACE_DBG_PARAM;
+const unsigned kReasonLevels =
+    CTraceUtility::TRACE_DBG_NOTE | CTraceUtility::TRACE_DBG_ENV | CTraceUtility::TRACE_DBG_PARAM;
 
 void AppendTraceLine(const char* pszModule, unsigned nLevel, const char* pszFormat, va_list args) noexcept {
   try {

@@ -25,7 +25,9 @@ TEST(CommandTest, GroupsOptionsWithTheirValuesReplacingTheLastLine) {
     bool bGrouped;
     Pairs pairs;
   } cases[] = {
-      {"three pairs", {"-mp", "/data", "-setting", "on", "-threshold", "90"}, true,
+      {"three pairs",
+       {"-mp", "/data", "-setting", "on", "-threshold", "90"},
+       true,
        {{"-mp", "/data"}, {"-setting", "on"}, {"-threshold", "90"}}},
       {"options without values", {"-save", "-nochk"}, true, {{"-save", ""}, {"-nochk", ""}}},
       {"no words", {}, true, {}},

@@ -20,8 +20,12 @@ TEST_F(IniStoreTest, OnlyEntriesThatReadBackUnchangedAreStorable) {
     const char* value;
     bool bStorable;
   } cases[] = {
-      {"FSNAME-1", "Mount", "/mnt/my disk", true}, {"CP]U", "Key", "v", false}, {"CPU", "a=b", "v", false},
-      {"CPU", ";Key", "v", false},                 {"CPU", "Key", "a\nb", false}, {"CPU", "Key", " v", false},
+      {"FSNAME-1", "Mount", "/mnt/my disk", true},
+      {"CP]U", "Key", "v", false},
+      {"CPU", "a=b", "v", false},
+      {"CPU", ";Key", "v", false},
+      {"CPU", "Key", "a\nb", false},
+      {"CPU", "Key", " v", false},
   };
   for (const auto& c : cases) {
     std::string strError;

@@ -27,14 +27,19 @@ TEST_F(KtlCliTest, StopsBeforeTheCommandWithItsOwnExitStatus) {
     bool bOnStdout;  // the text goes to standard output, not standard error
     std::vector<std::string> vecTexts;
   } cases[] = {
-      {"help", {"--help"}, 0, true,
-       {"Usage: ktl-cli COMMAND", "Exit status", "KTL_STATE_DIR", "KTL_PLUGIN_DIR", "KTL_TEMPLATE_DIR",
-        "KTL_CATALOGUE", "KTL_DEFAULT_CONF", "KTL_ROOT", "KTL_MOUNT_CMD", "KTL_TRACE_FILE", "KTL_TRACE_MASK", "TMPDIR"}},
+      {"help",
+       {"--help"},
+       0,
+       true,
+       {"Usage: ktl-cli COMMAND", "Exit status", "KTL_STATE_DIR", "KTL_PLUGIN_DIR", "KTL_TEMPLATE_DIR", "KTL_CATALOGUE",
+        "KTL_DEFAULT_CONF", "KTL_ROOT", "KTL_MOUNT_CMD", "KTL_TRACE_FILE", "KTL_TRACE_MASK", "TMPDIR"}},
       {"no command", {}, 2, false, {"Usage: ktl-cli COMMAND"}},
       {"command name with a path", {"../probe"}, 2, false, {"../probe"}},
-      {"missing plug-in", {"missing", "-x"}, 3, false,
-       {KTL_TEST_PLUGIN_DIR "/libktl_cli-missing.so", "No such file"}},
-      {"plug-in without its factory", {"nofactory", "-x"}, 3, false,
+      {"missing plug-in", {"missing", "-x"}, 3, false, {KTL_TEST_PLUGIN_DIR "/libktl_cli-missing.so", "No such file"}},
+      {"plug-in without its factory",
+       {"nofactory", "-x"},
+       3,
+       false,
        {"GetCommandFactorynofactory", "libktl_cli-nofactory.so"}},
       {"state directory cannot be locked", {"probe", "-save"}, 1, false, {"plain-file/state"}},
   };

@@ -51,7 +51,8 @@ TEST_F(LoggerConcurrencyTest, EditsStartedAtOnceAreAllKept) {
     const std::vector<std::string> vecLines = devhost_test::Lines(strPending);
     for (const ParallelEdit& edit : kParallelEdits)
       EXPECT_NE(std::find(vecLines.begin(), vecLines.end(), edit.pszLine), vecLines.end())
-          << "round " << nRound << ": " << edit.pszLine << " lost in\n" << strPending;
+          << "round " << nRound << ": " << edit.pszLine << " lost in\n"
+          << strPending;
     RunOk({"-discard"}, "y\n");
   }
 }

@@ -95,7 +95,8 @@ TEST_F(LoggerKillTest, AKilledCommandLeavesEachFileAsBeforeOrAsAfter) {
       const std::vector<std::string> vecKilled = Files(m_strCopy);
       for (std::size_t i = 0; i < vecKilled.size(); ++i) {
         EXPECT_TRUE(vecKilled[i] == vecBefore[i] || vecKilled[i] == vecAfter[i])
-            << c.pszName << ", killed at change " << nKillAt << ": torn file\n" << vecKilled[i];
+            << c.pszName << ", killed at change " << nKillAt << ": torn file\n"
+            << vecKilled[i];
       }
       const devhost_test::CliRun next = Run({"-confirm", "edit"});
       EXPECT_EQ(next.nExitStatus, 0) << c.pszName << ", killed at change " << nKillAt << ": " << next.strErr;

@@ -36,12 +36,18 @@ TEST_F(MessageTest, EveryIdentifierHasATextShownOnTheRightStream) {
     const char* id;
     Kind eKind;
   } cases[] = {
-      {"MSG_CLI_ERROR_COMMAND", kError},          {"MSG_CLI_NONE_COMMAND", kError},
-      {"MSG_CLI_CHECK_PRCID", kError},            {"MSG_CLI_NOTFOUND_MONITOR_TOOL", kError},
-      {"MSG_CLI_ERROR_APPLICATION", kError},      {"MSG_CLI_HOLD_PARAM", kInformation},
-      {"MSG_CLI_ERROR_LOGGER_MP", kError},        {"MSG_CLI_DISCARD_PARAM", kQuestion},
-      {"MSG_CLI_COMPLATE_DISCARD", kInformation}, {"MSG_CLI_SAVE_PARAM", kQuestion},
-      {"MSG_CLI_ERROR_LOGGER_SAVE", kError},      {"MSG_CLI_COMPLATE_SAVE", kInformation},
+      {"MSG_CLI_ERROR_COMMAND", kError},
+      {"MSG_CLI_NONE_COMMAND", kError},
+      {"MSG_CLI_CHECK_PRCID", kError},
+      {"MSG_CLI_NOTFOUND_MONITOR_TOOL", kError},
+      {"MSG_CLI_ERROR_APPLICATION", kError},
+      {"MSG_CLI_HOLD_PARAM", kInformation},
+      {"MSG_CLI_ERROR_LOGGER_MP", kError},
+      {"MSG_CLI_DISCARD_PARAM", kQuestion},
+      {"MSG_CLI_COMPLATE_DISCARD", kInformation},
+      {"MSG_CLI_SAVE_PARAM", kQuestion},
+      {"MSG_CLI_ERROR_LOGGER_SAVE", kError},
+      {"MSG_CLI_COMPLATE_SAVE", kInformation},
       {"MSG_CLI_LOGGER_INSTALL", kError},
   };
   for (const auto& c : cases) {

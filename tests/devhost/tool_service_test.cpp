@@ -14,10 +14,10 @@
 
 namespace {
 
-using ::testing::internal::CaptureStderr;
-using ::testing::internal::GetCapturedStderr;
 using devhost_test::ReadFile;
 using devhost_test::WriteFile;
+using ::testing::internal::CaptureStderr;
+using ::testing::internal::GetCapturedStderr;
 
 class ToolServiceTest : public devhost_test::DevhostTest {
  protected:
@@ -55,14 +55,18 @@ TEST_F(ToolServiceTest, ACommandsEditsAreWrittenOnceWholeOrNotAtAll) {
   const struct {
     const char* name;
     std::vector<std::vector<std::string> > writes;  // section, key, value
-    const char* pszChangedMeanwhile;                 // the file's text before the commit; nullptr = as it was
+    const char* pszChangedMeanwhile;                // the file's text before the commit; nullptr = as it was
     const char* pszMessage;
   } cases[] = {
-      {"an entry beyond 9999", {{"CPU", "Count", "4"}, {"FSNAME-10000", "Mount", "/data"}}, nullptr,
+      {"an entry beyond 9999",
+       {{"CPU", "Count", "4"}, {"FSNAME-10000", "Mount", "/data"}},
+       nullptr,
        "[FSNAME-10000]: not a mount-point section"},
       {"a count beyond 9999", {{"FILESYS", "NumFileSys", "10000"}}, nullptr, "\"10000\" is not a number from 0"},
-      {"an entry left without its mount point", {{"FILESYS", "NumFileSys", "2"}, {"FSNAME-2", "Available", "0x11"}},
-       nullptr, "[FSNAME-2] Mount: missing"},
+      {"an entry left without its mount point",
+       {{"FILESYS", "NumFileSys", "2"}, {"FSNAME-2", "Available", "0x11"}},
+       nullptr,
+       "[FSNAME-2] Mount: missing"},
       {"a file replaced meanwhile", {{"CPU", "Count", "4"}}, "[CPU]\nCount=5\n", "was changed by another command"},
   };
   for (const auto& c : cases) {

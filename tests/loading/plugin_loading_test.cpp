@@ -42,8 +42,8 @@ TEST_F(PluginLoadingTest, FactoryResolvesByItsPlainName) {
 }
 
 TEST_F(PluginLoadingTest, NothingButTheFactoryIsVisible) {
-  for (const char* pszName : {"pExecMethod", "_ZN16CLoggerConfigCmdC1Ev", "_ZN16CLoggerConfigCmd4SaveEv",
-                              "_ZN18Velmora_LoggerConfpLERS_"}) {
+  for (const char* pszName :
+       {"pExecMethod", "_ZN16CLoggerConfigCmdC1Ev", "_ZN16CLoggerConfigCmd4SaveEv", "_ZN18Velmora_LoggerConfpLERS_"}) {
     EXPECT_EQ(dlsym(m_pHandle, pszName), nullptr) << pszName;
   }
 }
