@@ -10,20 +10,24 @@ mapfile -t lines
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkfifo "$work/keys"
-timeout 60 script -qfec ktl-cli /dev/null < "$work/keys" > "$work/screen" &
+timeout 120 script -qfec ktl-cli /dev/null < "$work/keys" > "$work/screen" &
 shell=$!
 exec 3> "$work/keys"
 
-# True once the screen ends with an empty prompt.
-at_prompt() { [ "$(tail -c 5 "$work/screen")" = "ktl> " ]; }
-for line in "${lines[@]}"; do
-  for _ in $(seq 600); do
-    at_prompt && break
+# Waits until the screen has grown past $1 bytes and ends with an empty
+# prompt: the shell has taken the last line typed and waits for the next.
+screen_size() { stat -c %s "$work/screen"; }
+wait_for_prompt() {
+  for _ in $(seq 1200); do
+    if [ "$(screen_size)" -gt "$1" ] && [ "$(tail -c 5 "$work/screen")" = "ktl> " ]; then return; fi
     sleep 0.05
   done
+}
+size=0
+for line in "${lines[@]}"; do
+  wait_for_prompt "$size"
+  size=$(screen_size)
   printf '%s\n' "$line" >&3
-  # Let the shell take the line before looking for the next prompt.
-  sleep 0.2
 done
 status=0
 wait "$shell" || status=$?
