@@ -46,14 +46,12 @@ int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::stri
   return nFd;
 }
 
-bool isTrustedFile(int nFd, const std::string& strPath, std::string& strError) {
-  struct stat st;
-  if (fstat(nFd, &st) != 0) {
-    strError = "cannot check " + strPath + ": " + std::strerror(errno);
-    return false;
-  }
-  if (!S_ISREG(st.st_mode)) {
-    strError = "refusing " + strPath + ": it is not a regular file";
+namespace {
+
+// The checks common to a file and a directory, on what stat told of strPath.
+bool isTrustedEntry(const struct stat& st, bool bDirectory, const std::string& strPath, std::string& strError) {
+  if (bDirectory ? !S_ISDIR(st.st_mode) : !S_ISREG(st.st_mode)) {
+    strError = "refusing " + strPath + (bDirectory ? ": it is not a directory" : ": it is not a regular file");
     return false;
   }
   const std::string strProblem = TrustProblem(st);
@@ -62,20 +60,24 @@ bool isTrustedFile(int nFd, const std::string& strPath, std::string& strError) {
   return false;
 }
 
+}  // namespace
+
+bool isTrustedFile(int nFd, const std::string& strPath, std::string& strError) {
+  struct stat st;
+  if (fstat(nFd, &st) != 0) {
+    strError = "cannot check " + strPath + ": " + std::strerror(errno);
+    return false;
+  }
+  return isTrustedEntry(st, false, strPath, strError);
+}
+
 bool isTrustedDirectory(const std::string& strPath, std::string& strError) {
   struct stat st;
   if (stat(strPath.c_str(), &st) != 0) {
     strError = "cannot check " + strPath + ": " + std::strerror(errno);
     return false;
   }
-  if (!S_ISDIR(st.st_mode)) {
-    strError = "refusing " + strPath + ": it is not a directory";
-    return false;
-  }
-  const std::string strProblem = TrustProblem(st);
-  if (strProblem.empty()) return true;
-  strError = "refusing " + strPath + ": " + strProblem;
-  return false;
+  return isTrustedEntry(st, true, strPath, strError);
 }
 
 int OpenTrusted(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError) {
