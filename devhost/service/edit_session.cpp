@@ -113,16 +113,29 @@ bool ParseDecimal(const std::string* pText, unsigned long long& nValue) {
   return errno == 0;
 }
 
+// The session of process nProcessId. Inside a PID namespace (a container,
+// say) entered from a session outside it, getsid answers 0: the leader has
+// no id here. The session then goes by its outermost process that does, the
+// one whose parent lies outside the namespace.
+int SessionOfProcess(int nProcessId) {
+  const int nSession = static_cast<int>(getsid(nProcessId));
+  if (nSession >= 1) return nSession;
+  int nOutermost = nProcessId;
+  CProcessStat stat;
+  while (ReadProcessStat(nOutermost, stat) && stat.nParent >= 1 && getsid(stat.nParent) == 0) nOutermost = stat.nParent;
+  return nOutermost;
+}
+
 }  // namespace
 
 // sudo set to run its command on a terminal of its own (use_pty, Debian's
 // default) makes a session for it, led by a sudo process; the operator's
 // session is the one that sudo was started from.
 int CurrentSession() {
-  int nSession = static_cast<int>(getsid(0));
+  int nSession = SessionOfProcess(static_cast<int>(getpid()));
   CProcessStat leader;
-  while (ReadProcessStat(nSession, leader) && leader.strName == "sudo") {
-    const int nOuter = static_cast<int>(getsid(leader.nParent));
+  while (ReadProcessStat(nSession, leader) && leader.strName == "sudo" && leader.nParent >= 1) {
+    const int nOuter = SessionOfProcess(leader.nParent);
     if (nOuter < 1 || nOuter == nSession) break;
     nSession = nOuter;
   }

@@ -2,13 +2,15 @@
 //
 // A session is the operator's terminal session: the POSIX session of the
 // process (getsid), named by the process id of its leader, usually the login
-// shell. Wrappers (timeout, sudo, even when it gives its command a terminal
-// and a session of its own), subshells, pipelines and an interactive ktl-cli
-// all run inside the session that started them, and two terminals are two
-// sessions. The pending configuration records the session that owns
-// it with its leader's start time, so that a process that later gets the
-// same id is not taken for the session. A session stays the owner while its
-// leader runs; after that, another session may take the edits over.
+// shell. In a container whose sessions began outside it, the leader has no
+// process id inside, and its outermost process inside stands for it. Wrappers
+// (timeout, sudo, even when it gives its command a terminal and a session of
+// its own), subshells, pipelines and an interactive ktl-cli all run inside the
+// session that started them, and two terminals are two sessions. The pending
+// configuration records the session that owns it with its leader's start time,
+// so that a process that later gets the same id is not taken for the session. A
+// session stays the owner while its leader runs; after that, another session
+// may take the edits over.
 //
 // Changes to the state directory are serialised by an exclusive flock on a
 // lock file, so that commands started at the same moment lose no edit.
@@ -47,7 +49,8 @@ class CStateLock {
   std::string m_strFile;
 };
 
-// The session of this process: the process id of its session leader, or,
+// The session of this process: the process id of its session leader (or of
+// the process that stands for a leader outside this PID namespace), or,
 // when that leader is sudo's, the session sudo was started from.
 int CurrentSession();
 

@@ -187,7 +187,7 @@ bool PendingTree(const CStateFiles& files, devhost::IniTree& tree, Velmora_Logge
 }
 
 std::string OwnerText() {
-  return "session " + std::to_string(Pending().OwnerSession()) + " (the terminal session led by process " +
+  return "session " + std::to_string(Pending().OwnerSession()) + " (the terminal session of process " +
          std::to_string(Pending().OwnerSession()) + ", which is still running)";
 }
 

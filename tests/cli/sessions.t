@@ -34,7 +34,7 @@ names the owner.
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
   [1]
   $ setsid -w ktl-cli logger -discard -nochk
-  ktl-cli: cannot discard .*/\.local/state/ktl-cli/logger\.edit\.ini: the pending changes belong to session [0-9]+ \(the terminal session led by process [0-9]+, which is still running\) (re)
+  ktl-cli: cannot discard .*/\.local/state/ktl-cli/logger\.edit\.ini: the pending changes belong to session [0-9]+ \(the terminal session of process [0-9]+, which is still running\) (re)
   [1]
   $ setsid -w ktl-cli logger -confirm edit | grep Warning
       Warning alerts        : Off
