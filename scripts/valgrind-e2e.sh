@@ -8,7 +8,8 @@
 # the valgrind command line from KTL_CLI_WRAPPER.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
-build_dir=${1:-$top/build}
+# Absolute: the sessions write valgrind logs here from their own directories.
+build_dir=$(realpath -m "${1:-$top/build}")
 
 if [ ! -f "$build_dir/build.ninja" ]; then
   bash "$top/scripts/build.sh" default "$build_dir"
