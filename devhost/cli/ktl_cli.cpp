@@ -17,6 +17,7 @@
 #include "devhost/cli/drive_command.h"
 #include "devhost/cli/shell_loader.h"
 #include "devhost/cli/standard_output.h"
+#include "devhost/command/interrupt.h"
 #include "devhost/files/paths.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
@@ -113,6 +114,12 @@ int RunWords(const std::vector<std::string>& vecWords) {
   return devhost::DriveCommand(strCommand, vecRest);
 }
 
+// A line of the shell: Ctrl-C ends the wait the command is in, not the shell.
+int RunShellLine(const std::vector<std::string>& vecWords) {
+  const devhost::CInterruptCatcher catcher;
+  return RunWords(vecWords);
+}
+
 bool isTerminal() { return isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1; }
 
 }  // namespace
@@ -120,7 +127,7 @@ bool isTerminal() { return isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) ==
 int main(int argc, char** argv) {
   devhost::StandardOutput().Install();
   if (argc < 2) {
-    if (isTerminal()) return devhost::StartShell(RunWords);
+    if (isTerminal()) return devhost::StartShell(RunShellLine);
     PrintUsage(std::cerr);
     return kExitUsage;
   }

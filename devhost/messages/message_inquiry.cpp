@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <iostream>
 
+#include "devhost/command/interrupt.h"
 #include "devhost/files/command_lock.h"
 #include "devhost/messages/message_catalogue.h"
 #include "host/message.h"
@@ -17,12 +18,18 @@ const int kMaxAttempts = 3;
 
 // One line from standard input, read byte by byte so that nothing after the
 // answer is taken from a shared input (a script piping several answers).
-// False at the end of input with nothing read.
+// False at the end of input with nothing read, and on Ctrl-C in the shell.
 bool ReadAnswerLine(std::string& strLine) {
   strLine.clear();
   for (;;) {
     char c;
     const ssize_t nRead = read(STDIN_FILENO, &c, 1);
+    // Checked after the read too: a key typed right after Ctrl-C may
+    // reach the read before the signal does.
+    if (devhost::isInterrupted()) {
+      strLine.clear();
+      return false;
+    }
     if (nRead < 0 && errno == EINTR) continue;
     if (nRead <= 0) return !strLine.empty();
     if (c == '\n') return true;

@@ -86,6 +86,21 @@ unsigned char Complete(EditLine* pEditLine, int) {
   return CC_REDISPLAY;
 }
 
+// Ctrl-C at the prompt: drops the line being typed and gives a new prompt,
+// as a login shell does, rather than ending the shell. The key shows as
+// "^C" at the end of the line, and a pushed newline ends the line the usual
+// way; the loop below sees the mark and runs nothing.
+unsigned char CancelLine(EditLine* pEditLine, int) {
+  bool* pCancelled = nullptr;
+  el_get(pEditLine, EL_CLIENTDATA, &pCancelled);
+  *pCancelled = true;
+  const LineInfo* pLine = el_line(pEditLine);
+  el_cursor(pEditLine, static_cast<int>(pLine->lastchar - pLine->cursor));
+  el_insertstr(pEditLine, "^C");
+  el_push(pEditLine, "\n");
+  return CC_REFRESH;
+}
+
 }  // namespace
 
 extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords pfnRunWords) {
@@ -111,11 +126,23 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
   // frees the copies.
   el_wset(pEditLine, EL_ADDFN, L"ktl-complete", L"complete a command, option or value", Complete);
   el_set(pEditLine, EL_BIND, "^I", "ktl-complete", nullptr);
+  // While a line is edited, the terminal passes Ctrl-C on as a key instead
+  // of a signal. A command the line runs still gets the signal and ends, as
+  // a one-shot ktl-cli would; its files stay whole.
+  bool bCancelled = false;
+  el_set(pEditLine, EL_CLIENTDATA, &bCancelled);
+  el_set(pEditLine, EL_SETTY, "-d", "-isig", nullptr);
+  el_wset(pEditLine, EL_ADDFN, L"ktl-cancel", L"drop the line being typed", CancelLine);
+  el_set(pEditLine, EL_BIND, "^C", "ktl-cancel", nullptr);
   el_source(pEditLine, nullptr);  // the operator's ~/.editrc, as other libedit programs read it
 
   for (;;) {
     int nCount = 0;
     const char* pszLine = el_gets(pEditLine, &nCount);
+    if (bCancelled) {
+      bCancelled = false;
+      continue;
+    }
     if (pszLine == nullptr || nCount <= 0) {  // Ctrl-D on an empty line, or the end of input
       std::fputs("\n", stdout);
       break;

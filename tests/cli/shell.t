@@ -56,6 +56,32 @@ shell splits them.
   logger: view and edit the configuration of the resource-usage logging tool
   ktl> ^D
 
+Ctrl-C drops the line being typed and ends the wait a command is in, but
+not the shell: a question counts as unanswered, and a command waiting for
+another one's lock gives up.
+
+  $ printf 'logger -device cpu -setting off\nlogger -confirm cu\003\nlogger -discard\n\003\nexit\n' | "$TESTDIR/shell-session.sh"
+  ktl> logger -device cpu -setting off
+  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  ktl> logger -confirm cu^C
+  ktl> logger -discard
+  Discard all pending changes of the logger configuration? [y/n]: ^C
+  No answer: nothing was done.
+  ktl> exit
+  $ { flock 9 && exec sleep 60; } 9>> ~/.local/state/ktl-cli/ktl-cli.lock &
+  $ while flock -n ~/.local/state/ktl-cli/ktl-cli.lock true; do sleep 0.1; done
+  $ printf 'logger -discard -nochk\n\003\nexit\n' | "$TESTDIR/shell-session.sh"
+  ktl> logger -discard -nochk
+  ktl-cli: waiting for /*/ktl-cli/ktl-cli.lock, held by another command (pid *) (glob)
+  ^Cktl-cli: interrupted while waiting for /*/ktl-cli/ktl-cli.lock, held by another command (pid *) (glob)
+  exit status 1
+  ktl> exit
+  $ kill $!
+  $ printf 'logger -discard -nochk\nexit\n' | "$TESTDIR/shell-session.sh"
+  ktl> logger -discard -nochk
+  The pending changes were discarded.
+  ktl> exit
+
 Without a terminal there is no shell: ktl-cli says how it is used.
 
   $ ktl-cli < /dev/null > usage 2>&1; echo "status $?"; head -1 usage
