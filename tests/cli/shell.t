@@ -68,7 +68,7 @@ another one's lock gives up.
   Discard all pending changes of the logger configuration? [y/n]: ^C
   No answer: nothing was done.
   ktl> exit
-  $ { flock 9 && exec sleep 60; } 9>> ~/.local/state/ktl-cli/ktl-cli.lock &
+  $ flock ~/.local/state/ktl-cli/ktl-cli.lock sleep 60 &
   $ while flock -n ~/.local/state/ktl-cli/ktl-cli.lock true; do sleep 0.1; done
   $ printf 'logger -discard -nochk\n\003\nexit\n' | "$TESTDIR/shell-session.sh"
   ktl> logger -discard -nochk
@@ -76,7 +76,7 @@ another one's lock gives up.
   ^Cktl-cli: interrupted while waiting for /*/ktl-cli/ktl-cli.lock, held by another command (pid *) (glob)
   exit status 1
   ktl> exit
-  $ kill $!
+  $ pkill -P $! sleep; wait
   $ printf 'logger -discard -nochk\nexit\n' | "$TESTDIR/shell-session.sh"
   ktl> logger -discard -nochk
   The pending changes were discarded.
