@@ -32,7 +32,7 @@ per_test_timeout=${KTL_MUTANTS_TIMEOUT:-60}
 # name @@ file @@ exact original text @@ replacement ("<NL>" is a line break)
 faults=$(cat <<'EOF'
 cpu threshold minimum @@ parse/limits.cpp @@ {"CPU", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 10} @@ {"CPU", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 11}
-disk threshold maximum @@ parse/limits.cpp @@ {"DISK", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 40}, {"THRESHOLD_MAX", 100}} @@ {"DISK", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 40}, {"THRESHOLD_MAX", 101}}
+disk threshold maximum @@ parse/limits.cpp @@ "DISK", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 40}, {"THRESHOLD_MAX", 100}} @@ "DISK", kIntervalRange, kCountRange, {{"THRESHOLD_MIN", 40}, {"THRESHOLD_MAX", 101}}
 count maximum @@ parse/limits.cpp @@ {"COUNT_MAX", 1000} @@ {"COUNT_MAX", 999}
 off with values counted one more @@ parse/limits.cpp @@ nOptions > kFormOptions @@ nOptions > kFormOptions + 1
 off with values trace dropped @@ parse/limits.cpp @@ TraceOffWithValues(kSigCheckSetThreshold, nOptions); @@ (void)0;
@@ -82,29 +82,32 @@ display name padding @@ display/section_fillers.cpp @@ "%-22s" @@ "%-21s"
 display lists every entry on @@ display/section_fillers.cpp @@ return (entry.nAvailable & 0x0F) == 1; @@ return isSwitchOn(entry.nAvailable);
 display text cut at a NUL @@ display/show.cpp @@ std::cout.write(strText.data(), static_cast<std::streamsize>(strText.size())); @@ std::cout << strText.c_str();
 display init trace text @@ display/show.cpp @@ const char kInitError[] = "TempleteContext Init Error"; @@ const char kInitError[] = "TemplateContext Init Error";
-host: edit lock not taken @@ devhost/service/edit_session.cpp @@ while (flock(nFd, LOCK_EX) != 0) { @@ while (false) {
-host: command lock not taken @@ devhost/files/command_lock.cpp @@ if (!MakeDirectories(strDir, strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false; @@ if (!MakeDirectories(strDir, strError)) return false;
 host: file not flushed to disk @@ devhost/files/ini_store.cpp @@ } else if (eFlush == Flush::kToDisk && fsync(nFd) != 0) { @@ } else if (false) {
 host: prompt not flushed @@ devhost/messages/message_inquiry.cpp @@ std::cout << strQuestion << " [y/n]: " << std::flush; @@ std::cout << strQuestion << " [y/n]: ";
-host: audit line keeps line breaks @@ devhost/command/audit_log.cpp @@ std::replace(strOneLine.begin(), strOneLine.end(), '\n', ' '); @@ (void)0;
-host: audit file overwritten @@ devhost/files/append_file.cpp @@ O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC @@ O_WRONLY | O_CREAT | O_CLOEXEC
+host: control bytes written raw @@ devhost/utilities/terminal_text.cpp @@ if (uc < 0x20 || uc == 0x7f) { @@ if (uc == 0x7f) {
 host: error message result @@ devhost/messages/message.cpp @@ const int kErrorShownResult = 1; @@ const int kErrorShownResult = 0;
 host: message code width @@ devhost/messages/message.cpp @@ std::setw(8) @@ std::setw(6)
-host: exec after a failed check @@ devhost/cli/ktl_cli.cpp @@ if (!StepSucceeded("CheckExec", command.CheckExec())) return kExitCommandFailed; @@ StepSucceeded("CheckExec", command.CheckExec());
+host: exec after a failed check @@ devhost/cli/drive_command.cpp @@ if (!StepSucceeded("CheckExec", command.CheckExec())) return kExitCommandFailed; @@ StepSucceeded("CheckExec", command.CheckExec());
 host: value word taken as option value @@ devhost/command/command.cpp @@ if (i + 1 < vecParam.size() && !isOptionWord(vecParam[i + 1])) param.m_strValue = vecParam[++i]; @@ if (i + 1 < vecParam.size()) param.m_strValue = vecParam[++i];
-host: other session ignored @@ devhost/service/tool_service_logger_acc.cpp @@ return kStatusHeldByOtherSession; @@ return kStatusOk;
-host: discard keeps the owner @@ devhost/service/tool_service_logger_acc.cpp @@ if (!devhost::RemoveFile(files.strOwner, strError)) Report(strError); @@ (void)0;
+host: other session ignored @@ devhost/service/tool_service_logger_acc.cpp @@ ? kStatusHeldByOtherSession : kStatusOk; @@ ? kStatusOk : kStatusOk;
 host: not-installed status @@ devhost/service/tool_service_logger_acc.cpp @@ const int kStatusNotInstalled = 176; @@ const int kStatusNotInstalled = 175;
-host: edits restart from the effective file @@ devhost/service/tool_service_logger_acc.cpp @@ eOwner == devhost::PendingOwner::kNone ? files.strEffective : files.strPending @@ files.strEffective
-host: empty pending file counts @@ devhost/service/edit_session.cpp @@ return stat(strPendingFile.c_str(), &st) == 0 && st.st_size > 0; @@ return stat(strPendingFile.c_str(), &st) == 0;
-host: reused process id owns @@ devhost/service/edit_session.cpp @@ return nNow == 0 || nNow == owner.nStartTime; @@ return true;
-host: trace levels not filtered @@ devhost/utilities/trace_utility.cpp @@ if ((nLevel & devhost::TraceMask()) == 0 || pszFormat == nullptr) return; @@ if (pszFormat == nullptr) return;
+host: edits restart from the effective file @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().hasEdits() ? !PendingTree(files, tree) : !ReadEffective(files.strEffective, tree)) return false;<NL>  devhost::SetIniValue @@ if (!ReadEffective(files.strEffective, tree)) return false;<NL>  devhost::SetIniValue
+host: empty pending file counts @@ devhost/service/pending_edits.cpp @@ m_bHasEdits = !strText.empty(); @@ m_bHasEdits = true;
+host: reused process id owns @@ devhost/service/edit_session.cpp @@ return nNow == 0 || nNow == record.nLeaderStart; @@ return true;
+host: trace levels not filtered @@ devhost/utilities/trace_utility.cpp @@ if (!bTraced) return; @@ if (false) return;
 host: state lock not taken @@ devhost/files/lock_file.cpp @@ while (flock(nFd, LOCK_EX | LOCK_NB) != 0) { @@ while (false) {
 host: command lock not taken after the state check @@ devhost/files/command_lock.cpp @@ if (!PrepareStateDir(strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false; @@ if (!PrepareStateDir(strError)) return false;
 host: appended file opened without O_APPEND @@ devhost/files/append_file.cpp @@ O_WRONLY | O_APPEND | O_CREAT, 0600 @@ O_WRONLY | O_CREAT, 0600
-host: discard keeps the owner, warned @@ devhost/service/tool_service_logger_acc.cpp @@ if (!devhost::RemoveFile(files.strOwner, strError)) Warn(strError); @@ (void)0;
 host: last entry not written @@ devhost/service/logger_conf_ini.cpp @@ for (int nNumber = 1; nNumber <= nEntries; ++nNumber) { @@ for (int nNumber = 1; nNumber < nEntries; ++nNumber) {
 host: limit sign dropped @@ devhost/utilities/profile.cpp @@ if (bNegative) llValue = -llValue; @@ (void)bNegative;
+host: discard keeps the pending file @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().hasEdits()) Pending().Remove(); @@ (void)0;
+host: discard from another live session @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {<NL>    Report("cannot discard " @@ if (false) {<NL>    Report("cannot discard "
+host: takeover keeps the ended owner @@ devhost/service/pending_edits.cpp @@ if (m_owner.nSession != nSession) m_owner = RecordOfSession(nSession); @@ (void)0;
+host: hidden session leader taken as none @@ devhost/service/edit_session.cpp @@ if (nSession >= 1) return nSession; @@ return nSession;
+host: sudo session taken as the operator's @@ devhost/service/edit_session.cpp @@ nSession = nOuter; @@ (void)nOuter;
+host: question not ended by Ctrl-C @@ devhost/messages/message_inquiry.cpp @@ if (devhost::isInterrupted()) { @@ if (false) {
+host: lock wait not ended by Ctrl-C @@ devhost/files/lock_file.cpp @@ if (!bWaitForEver && isInterrupted()) { @@ if (false) {
+host: Ctrl-C at the prompt runs the line @@ devhost/shell/shell.cpp @@ if (bCancelled) { @@ if (false) {
 EOF
 )
 
