@@ -83,14 +83,14 @@ bool LockWaiting(int nFd, const std::string& strLockFile, bool bWaitForEver, std
   bool bToldWaiting = false;
   while (flock(nFd, LOCK_EX | LOCK_NB) != 0) {
     if (errno == EINTR) continue;
+    if (errno != EWOULDBLOCK) {
+      strError = "cannot lock " + strLockFile + ": " + std::strerror(errno);
+      return false;
+    }
     // A command that already did part of its work waits for ever, even
     // through Ctrl-C, rather than go on without the lock.
     if (!bWaitForEver && isInterrupted()) {
       strError = "interrupted while waiting for " + strLockFile + ", held by " + HolderText(nFd);
-      return false;
-    }
-    if (errno != EWOULDBLOCK) {
-      strError = "cannot lock " + strLockFile + ": " + std::strerror(errno);
       return false;
     }
     const double fWaited = MonotonicSeconds() - fStart;

@@ -26,10 +26,7 @@ bool ReadAnswerLine(std::string& strLine) {
     const ssize_t nRead = read(STDIN_FILENO, &c, 1);
     // Checked after the read too: a key typed right after Ctrl-C may
     // reach the read before the signal does.
-    if (devhost::isInterrupted()) {
-      strLine.clear();
-      return false;
-    }
+    if (devhost::isInterrupted()) return false;
     if (nRead < 0 && errno == EINTR) continue;
     if (nRead <= 0) return !strLine.empty();
     if (c == '\n') return true;
