@@ -11,7 +11,10 @@ mapfile -t lines
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 mkfifo "$work/keys"
-timeout 120 script -qfec ktl-cli /dev/null < "$work/keys" > "$work/screen" &
+# script starts its command through $SHELL; exec makes ktl-cli that process,
+# so that a Ctrl-C reaches ktl-cli alone. A shell left waiting would die of
+# it (dash does, and CI has no SHELL of its own) and set the exit status.
+SHELL=/bin/sh timeout 120 script -qfec 'exec ktl-cli' /dev/null < "$work/keys" > "$work/screen" &
 shell=$!
 exec 3> "$work/keys"
 
