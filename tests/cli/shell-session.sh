@@ -13,7 +13,7 @@ trap 'rm -rf "$work"' EXIT
 mkfifo "$work/keys"
 # script starts its command through $SHELL; exec makes ktl-cli that process,
 # so that a Ctrl-C reaches ktl-cli alone. A shell left waiting would die of
-# it (dash does, and CI has no SHELL of its own) and set the exit status.
+# it (dash does, when SHELL is unset or /bin/sh) and set the exit status.
 # The terminal type is fixed too: libedit redraws differently on others.
 SHELL=/bin/sh TERM=xterm timeout 120 script -qfec 'exec ktl-cli' /dev/null < "$work/keys" > "$work/screen" &
 shell=$!
