@@ -12,6 +12,7 @@
 #include "devhost/command/current_command.h"
 #include "devhost/files/command_lock.h"
 #include "devhost/files/paths.h"
+#include "devhost/messages/question_outcome.h"
 #include "devhost/service/pending_edits.h"
 #include "devhost/utilities/refusal_reasons.h"
 #include "host/command.h"
@@ -66,7 +67,8 @@ int RunCommand(CCommand& command, const std::vector<std::string>& vecWords, cons
   if (!StepSucceeded("CheckParam", command.CheckParam(vecWords))) return kExitCommandFailed;
   if (!StepSucceeded("CheckExec", command.CheckExec())) return kExitCommandFailed;
   if (!StepSucceeded("Exec", command.Exec(strCommandLine))) return kExitCommandFailed;
-  return kExitSuccess;
+  // The command succeeds when its question is declined; nothing was done.
+  return devhost::wasQuestionDeclined() ? kExitDeclined : kExitSuccess;
 }
 
 // The end of a command that reached its execution step: its output is out
@@ -117,7 +119,9 @@ int LoadAndRun(const std::string& strCommand, const std::vector<std::string>& ve
     int nStatus = RunCommand(*pCommand, vecWords, strCommandLine);
     // The pending edits of a command that succeeded are written once, after
     // Exec, so that a command killed midway leaves them as they were.
-    if (nStatus == kExitSuccess && !devhost::CommitPendingEdits()) nStatus = kExitCommandFailed;
+    if ((nStatus == kExitSuccess || nStatus == kExitDeclined) && !devhost::CommitPendingEdits()) {
+      nStatus = kExitCommandFailed;
+    }
     pCommand.reset();
     return FinishCommand(nStatus);
   } catch (const std::exception& e) {
@@ -137,8 +141,9 @@ bool isValidCommandName(const std::string& strName) {
 
 int DriveCommand(const std::string& strCommand, const std::vector<std::string>& vecWords) {
   devhost::StartCollectingReasons();
+  devhost::ForgetQuestionOutcome();
   const int nStatus = LoadAndRun(strCommand, vecWords);
-  if (nStatus != kExitSuccess) {
+  if (nStatus != kExitSuccess && nStatus != kExitDeclined) {
     for (const std::string& strReason : devhost::CollectedReasons()) std::cerr << "reason: " << strReason << "\n";
     std::cerr.flush();
   }

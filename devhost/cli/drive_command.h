@@ -15,6 +15,7 @@ const int kExitCommandFailed = 1;
 const int kExitUsage = 2;
 const int kExitPluginUnavailable = 3;
 const int kExitException = 4;
+const int kExitDeclined = 5;
 
 // A command name becomes part of a file name and of a symbol name.
 bool isValidCommandName(const std::string& strName);

@@ -18,6 +18,7 @@
 #include "devhost/cli/shell_loader.h"
 #include "devhost/cli/standard_output.h"
 #include "devhost/command/interrupt.h"
+#include "devhost/compare/compare_command.h"
 #include "devhost/files/paths.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
@@ -30,6 +31,7 @@ using devhost::kExitUsage;
 const char kUsage[] =
     "Usage: ktl-cli COMMAND [WORD...]\n"
     "       ktl-cli help [COMMAND]\n"
+    "       ktl-cli compare logger   (pending changes against the configuration in effect)\n"
     "       ktl-cli            (on a terminal: the interactive shell)\n"
     "       ktl-cli --help\n"
     "\n"
@@ -46,6 +48,7 @@ const char kUsage[] =
     "  2  ktl-cli itself was used wrongly (no command, unknown option)\n"
     "  3  the plug-in or its factory could not be loaded\n"
     "  4  the command stopped on an unexpected error\n"
+    "  5  a question was declined or left unanswered: nothing was done\n"
     "\n"
     "Environment (current value in brackets). The KTL_* variables are\n"
     "development and test switches: they choose what ktl-cli loads, runs and\n"
@@ -101,6 +104,7 @@ int RunWords(const std::vector<std::string>& vecWords) {
   }
   if (strCommand == "help") return devhost::ShowHelp(vecRest, std::cout, std::cerr);
   if (strCommand == "--complete") return PrintCompletions(vecRest);
+  if (strCommand == devhost::kCompareWord) return devhost::RunCompare(vecRest, std::cout, std::cerr);
   // "COMMAND -h" is what a newcomer types first: the command's help, not a
   // refusal of an unknown option.
   if (vecRest.size() == 1 && (vecRest.front() == "-h" || vecRest.front() == "--help") &&

@@ -47,6 +47,15 @@ is switched on is not mounted any more), and a command of another session.
   reason: mount exp=/data/, res=/var/log
   unchanged
   $ echo y | KTL_MOUNT_CMD=true ktl-cli logger -save; unchanged
+  Saving puts 8 pending changes into effect (in effect -> pending):
+    Error alerts: On -> Off
+    CPU usage monitor, Interval (seconds): 60 -> 30
+    CPU usage monitor, Count: 3 -> 5
+    CPU usage monitor, Threshold (%): 90 -> 70
+    Disk usage monitor: Off -> On
+    Disk usage monitor, Interval (seconds): 300 -> 600
+    Mount point /data: added (On, Threshold (%) 80)
+    Mount point /var/log: added (Off, Threshold (%) not set)
   Save the pending changes and put the logger configuration into effect? [y/n]: y
   Error: The configuration was not saved: the disk usage monitor is on but watches no mounted, switched-on mount point. Add or switch on a mount point, or switch the disk monitor off.
   reason: operator+=()
@@ -89,8 +98,12 @@ A discard drops the pending edits after its question:
   $ ktl-cli logger -syslogoutput off
   The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
   $ echo n | ktl-cli logger -discard
+  This drops 1 pending change (compare logger lists it).
   Discard all pending changes of the logger configuration? [y/n]: n
+  Nothing was discarded.
+  [5]
   $ echo y | ktl-cli logger -discard
+  This drops 1 pending change (compare logger lists it).
   Discard all pending changes of the logger configuration? [y/n]: y
   The pending changes were discarded.
   $ ls $state | grep -c edit

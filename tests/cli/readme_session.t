@@ -36,6 +36,10 @@ two the same). /dev/shm is in the mount listing, /srv/data is not.
       Mount point               Threshold (%)
       /dev/shm                  90
   $ echo y | ktl-cli logger -save
+  Saving puts 3 pending changes into effect (in effect -> pending):
+    Disk usage monitor: Off -> On
+    Disk usage monitor, Count: 3 -> 5
+    Mount point /dev/shm: added (On, Threshold (%) 90)
   Save the pending changes and put the logger configuration into effect? [y/n]: y
   The pending changes were saved and are now in effect.
   $ ktl-cli logger -confirm cur

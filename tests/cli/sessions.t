@@ -65,6 +65,9 @@ comes once the pending file is gone.
   $ ktl-cli logger -discard -nochk
   The pending changes were discarded.
   $ wait; cat save.out
+  Saving puts 2 pending changes into effect (in effect -> pending):
+    CPU usage monitor: On -> Off
+    Memory usage monitor: On -> Off
   Save the pending changes and put the logger configuration into effect? [y/n]: y
   ktl-cli: the pending changes were discarded by another command while this one waited for an answer; nothing was saved
   $ ktl-cli logger -confirm cur | grep 'CPU usage'

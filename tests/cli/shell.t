@@ -65,8 +65,10 @@ another one's lock gives up.
   The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
   ktl> logger -confirm cu^C
   ktl> logger -discard
+  This drops 1 pending change (compare logger lists it).
   Discard all pending changes of the logger configuration? [y/n]: ^C
-  No answer: nothing was done.
+  No answer. Nothing was discarded.
+  exit status 5
   ktl> exit
   $ flock ~/.local/state/ktl-cli/ktl-cli.lock sleep 60 &
   $ while flock -n ~/.local/state/ktl-cli/ktl-cli.lock true; do sleep 0.1; done
