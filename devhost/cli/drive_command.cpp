@@ -12,6 +12,7 @@
 #include "devhost/command/current_command.h"
 #include "devhost/files/command_lock.h"
 #include "devhost/files/paths.h"
+#include "devhost/help/refusal_explanation.h"
 #include "devhost/service/pending_edits.h"
 #include "devhost/utilities/refusal_reasons.h"
 #include "host/command.h"
@@ -138,10 +139,7 @@ bool isValidCommandName(const std::string& strName) {
 int DriveCommand(const std::string& strCommand, const std::vector<std::string>& vecWords) {
   devhost::StartCollectingReasons();
   const int nStatus = LoadAndRun(strCommand, vecWords);
-  if (nStatus != kExitSuccess) {
-    for (const std::string& strReason : devhost::CollectedReasons()) std::cerr << "reason: " << strReason << "\n";
-    std::cerr.flush();
-  }
+  if (nStatus != kExitSuccess) devhost::ExplainRefusal(strCommand, vecWords, std::cerr);
   return nStatus;
 }
 
