@@ -52,7 +52,8 @@ value sets and the limits in force.
         Drop the pending configuration.
           -nochk  do not ask before discarding
   
-  Values from a set may be typed in any case.
+  The options come in the order shown: the first one chooses the form, those in
+  brackets may be left out. Values from a set may be typed in any case.
   The ranges are those in force: from /opt/velmora/ktl/cli/LoggerParams.ini where
   it sets them, else built-in.
 
