@@ -118,3 +118,10 @@ still shows the command.
   [2]
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help | sed -n 2p
     bare   (no description; ktl-cli help bare says why)
+
+`ktl-cli --version` names the versions of the host and of the plug-in
+package built with it.
+
+  $ ktl-cli --version
+  ktl-cli (ktl-cli-host) *.*.* (glob)
+  libktl_cli-logger (ktl-cli-logger) *.*.* (glob)
