@@ -19,7 +19,9 @@
 //                             other fields become lists ("x, y, z", sorted)
 //                             and {{found}} says whether "a" was among them
 //   leave_out = /p /q         ... without these values and those under them
-//   form      = NAME          applies only when the words select this form
+//   form      = NAME          applies only when the words select this form;
+//                             otherwise a diagnostic is shown as traced and
+//                             a fact is not shown
 //
 //   [noted FACT]              a fact the host noticed (refusal_reasons.h),
 //   says / form               the same keys

@@ -278,7 +278,7 @@ void ExplainRefusal(const std::string& strCommand, const std::vector<std::string
     words.pForm = SelectedForm(description, words.vecPairs);
   }
   CReasonRules rules;
-  bool bHasRules = ReadReasonRules(strCommand, rules, strError);
+  const bool bHasRules = ReadReasonRules(strCommand, rules, strError);
   // A command without rules explains nothing beyond its diagnostics; rules
   // that are there but wrong are worth saying.
   if (!bHasRules && access(ReasonRulesFile(strCommand).c_str(), F_OK) == 0) err << "ktl-cli: " << strError << "\n";
