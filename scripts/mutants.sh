@@ -95,6 +95,9 @@ host: edits restart from the effective file @@ devhost/service/tool_service_logg
 host: empty pending file counts @@ devhost/service/pending_edits.cpp @@ m_bHasEdits = !strText.empty(); @@ m_bHasEdits = true;
 host: reused process id owns @@ devhost/service/edit_session.cpp @@ return nNow == 0 || nNow == record.nLeaderStart; @@ return true;
 host: trace levels not filtered @@ devhost/utilities/trace_utility.cpp @@ if (!bTraced) return; @@ if (false) return;
+host: diagnostic without a rule dropped @@ devhost/help/refusal_explanation.cpp @@ lines.Add(diagnostic.strText);<NL>      continue; @@ continue;
+host: a mount point found is reported @@ devhost/help/refusal_explanation.cpp @@ data.set("found", bFound); @@ data.set("found", false);
+host: no word named when the plug-in names none @@ devhost/help/refusal_explanation.cpp @@ if (lines.Lines().empty() && bUsageError) @@ if (false)
 host: state lock not taken @@ devhost/files/lock_file.cpp @@ while (flock(nFd, LOCK_EX | LOCK_NB) != 0) { @@ while (false) {
 host: command lock not taken after the state check @@ devhost/files/command_lock.cpp @@ if (!PrepareStateDir(strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false; @@ if (!PrepareStateDir(strError)) return false;
 host: appended file opened without O_APPEND @@ devhost/files/append_file.cpp @@ O_WRONLY | O_APPEND | O_CREAT, 0600 @@ O_WRONLY | O_CREAT, 0600

@@ -12,6 +12,7 @@
 #include "devhost/command/current_command.h"
 #include "devhost/files/command_lock.h"
 #include "devhost/files/paths.h"
+#include "devhost/help/refusal_explanation.h"
 #include "devhost/messages/question_outcome.h"
 #include "devhost/service/pending_edits.h"
 #include "devhost/utilities/refusal_reasons.h"
@@ -143,10 +144,7 @@ int DriveCommand(const std::string& strCommand, const std::vector<std::string>& 
   devhost::StartCollectingReasons();
   devhost::ForgetQuestionOutcome();
   const int nStatus = LoadAndRun(strCommand, vecWords);
-  if (nStatus != kExitSuccess && nStatus != kExitDeclined) {
-    for (const std::string& strReason : devhost::CollectedReasons()) std::cerr << "reason: " << strReason << "\n";
-    std::cerr.flush();
-  }
+  if (nStatus != kExitSuccess && nStatus != kExitDeclined) devhost::ExplainRefusal(strCommand, vecWords, std::cerr);
   return nStatus;
 }
 

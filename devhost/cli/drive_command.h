@@ -24,8 +24,9 @@ bool isValidCommandName(const std::string& strName);
 // command object with GetCommandFactory<strCommand> and calls CheckParam,
 // CheckExec and Exec, each only after the previous one returned 0, under the
 // command lock of the state directory; then deletes the object. When the
-// command was refused or failed, the reasons it traced follow its message on
-// standard error, one "reason: ..." line each. Returns the exit status.
+// command was refused or failed, its reasons (and, after a refusal of its
+// words, its usage) follow its message on standard error
+// (devhost/help/refusal_explanation.h). Returns the exit status.
 int DriveCommand(const std::string& strCommand, const std::vector<std::string>& vecWords);
 
 }  // namespace devhost

@@ -1,7 +1,7 @@
 // ktl-cli: loads a command plug-in and drives it the way the appliance's CLI
 // does.
 //
-//   ktl-cli COMMAND WORD...
+//   ktl-cli [-v] COMMAND WORD...
 //
 // drives one command (devhost/cli/drive_command.h). The exit statuses are
 // listed in kUsage. `ktl-cli help [COMMAND]` describes the installed
@@ -22,6 +22,7 @@
 #include "devhost/files/paths.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
+#include "devhost/utilities/trace_echo.h"
 
 namespace {
 
@@ -29,18 +30,20 @@ using devhost::kExitSuccess;
 using devhost::kExitUsage;
 
 const char kUsage[] =
-    "Usage: ktl-cli COMMAND [WORD...]\n"
+    "Usage: ktl-cli [-v] COMMAND [WORD...]\n"
     "       ktl-cli help [COMMAND]\n"
     "       ktl-cli compare logger   (pending changes against the configuration in effect)\n"
-    "       ktl-cli            (on a terminal: the interactive shell)\n"
-    "       ktl-cli --help\n"
+    "       ktl-cli [-v]       (on a terminal: the interactive shell)\n"
+    "       ktl-cli --help | --version\n"
     "\n"
     "Runs one command of the management CLI, e.g.\n"
     "  ktl-cli logger -confirm cur\n"
     "\n"
     "The command's plug-in libktl_cli-COMMAND.so is loaded from the plug-in\n"
     "directory; the command checks its words, then whether it may run, then\n"
-    "runs, each step only when the previous one succeeded.\n"
+    "runs, each step only when the previous one succeeded. A refusal is\n"
+    "followed by its reasons; -v (--verbose) also prints every trace line on\n"
+    "standard error, whatever KTL_TRACE_MASK says.\n"
     "\n"
     "Exit status:\n"
     "  0  the command succeeded\n"
@@ -83,6 +86,13 @@ void PrintUsage(std::ostream& out) {
   }
 }
 
+// The versions of this host and of the plug-in package built with it, both
+// the project's version.
+void PrintVersion(std::ostream& out) {
+  out << "ktl-cli (ktl-cli-host) " << KTL_VERSION << "\n"
+      << "libktl_cli-logger (ktl-cli-logger) " << KTL_VERSION << "\n";
+}
+
 // `ktl-cli --complete WORD... PREFIX`: what bash completion offers.
 int PrintCompletions(const std::vector<std::string>& vecArgs) {
   if (vecArgs.empty()) return kExitUsage;
@@ -100,6 +110,10 @@ int RunWords(const std::vector<std::string>& vecWords) {
   const std::vector<std::string> vecRest(vecWords.begin() + 1, vecWords.end());
   if (strCommand == "--help" || strCommand == "-h") {
     PrintUsage(std::cout);
+    return kExitSuccess;
+  }
+  if (strCommand == "--version") {
+    PrintVersion(std::cout);
     return kExitSuccess;
   }
   if (strCommand == "help") return devhost::ShowHelp(vecRest, std::cout, std::cerr);
@@ -126,14 +140,22 @@ int RunShellLine(const std::vector<std::string>& vecWords) {
 
 bool isTerminal() { return isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1; }
 
+bool isVerboseSwitch(const std::string& strWord) { return strWord == "-v" || strWord == "--verbose"; }
+
 }  // namespace
 
 int main(int argc, char** argv) {
   devhost::StandardOutput().Install();
-  if (argc < 2) {
+  std::vector<std::string> vecWords(argv + 1, argv + argc);
+  // Only before the command name: after it, "-v" is one of its words.
+  if (!vecWords.empty() && isVerboseSwitch(vecWords.front())) {
+    devhost::EchoTraceToStandardError(true);
+    vecWords.erase(vecWords.begin());
+  }
+  if (vecWords.empty()) {
     if (isTerminal()) return devhost::StartShell(RunShellLine);
     PrintUsage(std::cerr);
     return kExitUsage;
   }
-  return devhost::CheckStandardOutput(RunWords(std::vector<std::string>(argv + 1, argv + argc)));
+  return devhost::CheckStandardOutput(RunWords(vecWords));
 }

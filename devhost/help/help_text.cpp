@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "devhost/help/command_description.h"
+#include "devhost/help/command_grammar.h"
 
 namespace devhost {
 namespace {
@@ -32,17 +33,6 @@ std::string Joined(const std::vector<std::string>& vecParts, const std::string& 
   std::string strOut;
   for (const std::string& strPart : vecParts) strOut += (strOut.empty() ? "" : strSeparator) + strPart;
   return strOut;
-}
-
-std::string OptionSynopsis(const COptionDescription& option) {
-  std::string strText = option.strName;
-  if (!option.vecValues.empty()) {
-    const std::string strValues = Joined(option.vecValues, "|");
-    strText += option.bOptionalValue ? " [" + strValues + "]" : " " + strValues;
-  } else if (!option.strPlaceholder.empty()) {
-    strText += " " + option.strPlaceholder;
-  }
-  return option.bOptional ? "[" + strText + "]" : strText;
 }
 
 // One form as typed: "logger -alert inf|wrn|err -setting on|off".
@@ -116,7 +106,11 @@ void ShowCommand(const CCommandDescription& description, std::ostream& out) {
           << strText.substr(strIndent.size());
     }
   }
-  out << "\n" << Wrapped("Values from a set may be typed in any case.", "");
+  out << "\n"
+      << Wrapped(
+             "The options come in the order shown: the first one chooses the form, those in brackets may be "
+             "left out. Values from a set may be typed in any case.",
+             "");
   if (bHasLimits && !description.strLimitsFile.empty()) {
     out << Wrapped(
         "The ranges are those in force: from " + description.strLimitsFile + " where it sets them, else built-in.", "");
@@ -124,6 +118,19 @@ void ShowCommand(const CCommandDescription& description, std::ostream& out) {
 }
 
 }  // namespace
+
+void ShowUsage(const CCommandDescription& description, const std::vector<std::string>& vecWords, std::ostream& out) {
+  std::vector<CWordPair> vecPairs;
+  std::string strStray;
+  GroupWords(vecWords, vecPairs, strStray);
+  const CFormDescription* pForm = SelectedForm(description, vecPairs);
+  const char* pszLead = "usage: ";
+  for (const CFormDescription& form : description.vecForms) {
+    if (pForm != nullptr && pForm != &form) continue;
+    out << pszLead << FormSynopsis(description.strCommand, form) << "\n";
+    pszLead = "       ";
+  }
+}
 
 int ShowHelp(const std::vector<std::string>& vecTopics, std::ostream& out, std::ostream& err) {
   if (vecTopics.empty()) {

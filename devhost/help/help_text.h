@@ -7,12 +7,18 @@
 #include <string>
 #include <vector>
 
+#include "devhost/help/command_description.h"
+
 namespace devhost {
 
 // With no topic: the installed commands, a line each. With a command name:
 // its forms, options, value sets and the limits in force. Returns 0, or 2
 // after saying on err that the topic is no installed command or that its
 // description cannot be read.
+// "usage: logger -alert inf|wrn|err -setting on|off": the synopsis of the
+// form the first of vecWords selects, else of every form, one per line.
+void ShowUsage(const CCommandDescription& description, const std::vector<std::string>& vecWords, std::ostream& out);
+
 int ShowHelp(const std::vector<std::string>& vecTopics, std::ostream& out, std::ostream& err);
 
 }  // namespace devhost

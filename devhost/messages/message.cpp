@@ -10,6 +10,7 @@
 
 #include "devhost/messages/message_catalogue.h"
 #include "devhost/service/pending_edits.h"
+#include "devhost/utilities/refusal_reasons.h"
 
 namespace {
 
@@ -50,6 +51,7 @@ int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strEx
     std::cout << strText << std::endl;
     return kInformationShown;
   }
+  devhost::NoteShownError(strMsgId);
   std::cerr << "Error: " << strText;
   if (ulCode != 0) std::cerr << " (code " << HexCode(ulCode) << ")";
   std::cerr << std::endl;

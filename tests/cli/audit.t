@@ -3,34 +3,24 @@ user, session, exit status and the command line, with control bytes
 written as \xHH so that the log shows on a terminal as it is:
 
   $ ktl-cli logger -syslogoutput on
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ ktl-cli logger -mp "$(printf '/data\033]0;owned\007')" -setting on
   Error: The directory is not a mounted file system. Give the mount point of a mounted file system.
-  reason: SyslogOutput is ON
-  reason: mount exp=/data\x1b]0;owned\x07, res=/sys
-  reason: mount exp=/data\x1b]0;owned\x07, res=/proc
-  reason: mount exp=/data\x1b]0;owned\x07, res=/
-  reason: mount exp=/data\x1b]0;owned\x07, res=/dev/shm
-  reason: mount exp=/data\x1b]0;owned\x07, res=/data
-  reason: mount exp=/data\x1b]0;owned\x07, res=/var/log
+  reason: /data\x1b]0;owned\x07 is not a mounted file system; mounted: /, /data, /dev/shm, /var/log
   [1]
   $ ktl-cli logger -mp "$(printf '/a\n2026-01-01T00:00:00 user=root')" -setting on
   Error: The directory is not a mounted file system. Give the mount point of a mounted file system.
-  reason: SyslogOutput is ON
-  reason: mount exp=/a\x0a2026-01-01T00:00:00 user=root, res=/sys
-  reason: mount exp=/a\x0a2026-01-01T00:00:00 user=root, res=/proc
-  reason: mount exp=/a\x0a2026-01-01T00:00:00 user=root, res=/
-  reason: mount exp=/a\x0a2026-01-01T00:00:00 user=root, res=/dev/shm
-  reason: mount exp=/a\x0a2026-01-01T00:00:00 user=root, res=/data
-  reason: mount exp=/a\x0a2026-01-01T00:00:00 user=root, res=/var/log
+  reason: /a\x0a2026-01-01T00:00:00 user=root is not a mounted file system; mounted: /, /data, /dev/shm, /var/log
   [1]
   $ ktl-cli logger -device cpu -setting on -threshold 5
   Error: The command line is not valid. Check the options, their order and their values.
-  reason: Parameter Error: -threshold 5 (allowed 10 to 100: CPU THRESHOLD_MIN, THRESHOLD_MAX in /opt/velmora/ktl/cli/LoggerParams.ini, or built-in)
+  reason: -threshold 5: out of range, 10 to 100 for cpu (CPU THRESHOLD_MIN, THRESHOLD_MAX in /opt/velmora/ktl/cli/LoggerParams.ini)
+  usage: logger -device cpu|mem|disk -setting on|off [-interval N] [-count N] [-threshold N]
   [1]
   $ ktl-cli logger -confirm "$(printf 'cur\nrm -rf /')" > /dev/null
   Error: The command line is not valid. Check the options, their order and their values.
-  reason: Parameter(cur\x0arm -rf /) not found in cur|edit
+  reason: -confirm cur\x0arm -rf /: expected cur or edit
+  usage: logger -confirm [cur|edit]
   [1]
   $ ktl-cli logger -confirm cur > /dev/full
   ktl-cli: cannot write the command's output to standard output: No space left on device

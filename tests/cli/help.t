@@ -52,7 +52,8 @@ value sets and the limits in force.
         Drop the pending configuration.
           -nochk  do not ask before discarding
   
-  Values from a set may be typed in any case.
+  The options come in the order shown: the first one chooses the form, those in
+  brackets may be left out. Values from a set may be typed in any case.
   The ranges are those in force: from /opt/velmora/ktl/cli/LoggerParams.ini where
   it sets them, else built-in.
 
@@ -117,3 +118,10 @@ still shows the command.
   [2]
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help | sed -n 2p
     bare   (no description; ktl-cli help bare says why)
+
+`ktl-cli --version` names the versions of the host and of the plug-in
+package built with it.
+
+  $ ktl-cli --version
+  ktl-cli (ktl-cli-host) *.*.* (glob)
+  libktl_cli-logger (ktl-cli-logger) *.*.* (glob)

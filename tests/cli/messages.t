@@ -7,7 +7,6 @@ found", "syslog output is off"):
   $ rm $state/logger.lock && mkdir $state/logger.lock
   $ ktl-cli logger -alert inf -setting off
   ktl-cli: cannot open /*/ktl-cli/logger.lock: Is a directory (glob)
-  reason: SyslogOutput is OFF
   [1]
   $ rmdir $state/logger.lock
   $ cp $state/logger.ini good.ini && echo 'Output' >> $state/logger.ini
@@ -19,7 +18,6 @@ found", "syslog output is off"):
   $ printf '[Syslog\n' > $state/logger.ini
   $ ktl-cli logger -alert inf -setting off
   ktl-cli: /*/ktl-cli/logger.ini:1: malformed INI file: unmatched '[' (glob)
-  reason: SyslogOutput is OFF
   [1]
   $ cp good.ini $state/logger.ini
   $ printf '[Syslog]\nOutput=yes\n' > $state/logger.edit.ini

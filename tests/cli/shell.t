@@ -7,10 +7,11 @@ a status other than 0 is shown.
   $ printf 'logger -dev\tc\t-setting on -threshold 5\nlogger -device cpu -setting on -threshold 50\nlogger -confirm edit\nlogger -discard -nochk\nexit\n' | "$TESTDIR/shell-session.sh"
   ktl> logger -device cpu -setting on -threshold 5
   Error: The command line is not valid. Check the options, their order and their values.
-  reason: Parameter Error: -threshold 5 (allowed 10 to 100: CPU THRESHOLD_MIN, THRESHOLD_MAX in /opt/velmora/ktl/cli/LoggerParams.ini, or built-in)
+  reason: -threshold 5: out of range, 10 to 100 for cpu (CPU THRESHOLD_MIN, THRESHOLD_MAX in /opt/velmora/ktl/cli/LoggerParams.ini)
+  usage: logger -device cpu|mem|disk -setting on|off [-interval N] [-count N] [-threshold N]
   exit status 1
   ktl> logger -device cpu -setting on -threshold 50
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   ktl> logger -confirm edit
   Logger configuration
   
@@ -45,12 +46,12 @@ Tab lists the candidates when they share no longer start. Ctrl-D on an
 empty line ends the shell, like "exit"; the words of a line are split as a
 shell splits them.
 
-  $ printf 'logger -d\t\nhelp "logger"\n\004' | "$TESTDIR/shell-session.sh" | sed -n '1,8p;$p'
+  $ printf 'logger -d\t\nhelp "logger"\n\004' | "$TESTDIR/shell-session.sh" | sed -n '1,5p;/^exit status/,/^logger:/p;$p'
   ktl> logger -d
   -device  -discard  
   ktl> logger -d
   Error: The command line is not valid. Check the options, their order and their values.
-  reason: Unknown Parameter Error: -d
+  reason: -d: unknown option; the command starts with one of -syslogoutput, -alert, -device, -mp, -confirm, -save or -discard
   exit status 1
   ktl> help "logger"
   logger: view and edit the configuration of the resource-usage logging tool
@@ -62,7 +63,7 @@ another one's lock gives up.
 
   $ printf 'logger -device cpu -setting off\nlogger -confirm cu\003\nlogger -discard\n\003\nexit\n' | "$TESTDIR/shell-session.sh"
   ktl> logger -device cpu -setting off
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   ktl> logger -confirm cu^C
   ktl> logger -discard
   This drops 1 pending change (compare logger lists it).
@@ -88,4 +89,4 @@ Without a terminal there is no shell: ktl-cli says how it is used.
 
   $ ktl-cli < /dev/null > usage 2>&1; echo "status $?"; head -1 usage
   status 2
-  Usage: ktl-cli COMMAND [WORD...]
+  Usage: ktl-cli [-v] COMMAND [WORD...]
