@@ -64,10 +64,8 @@ unsigned char Complete(EditLine* pEditLine, int) {
     strPrefix = vecBefore.back();
     vecBefore.pop_back();
   }
-  std::vector<std::string> vecCandidates = devhost::CompletionCandidates(vecBefore, strPrefix);
-  if (vecBefore.empty() && std::string(kExitWord).compare(0, strPrefix.size(), strPrefix) == 0) {
-    vecCandidates.push_back(kExitWord);
-  }
+  const std::vector<std::string> vecCandidates =
+      devhost::CompletionCandidates(vecBefore, strPrefix, devhost::Place::kShell);
   if (vecCandidates.empty()) return CC_ERROR;
   if (vecCandidates.size() == 1) {
     const std::string strRest = vecCandidates.front().substr(strPrefix.size()) + " ";

@@ -76,7 +76,7 @@ Help for what is not installed, or for too much at once, is a usage error;
 "-h" with more words is the command's own business.
 
   $ ktl-cli help nosuch
-  ktl-cli: no command "nosuch" is installed (see ktl-cli help)
+  ktl-cli: Unknown command "nosuch". Commands: logger, help; "ktl-cli help" describes them.
   [2]
   $ ktl-cli help logger extra
   ktl-cli: help takes one command name (see ktl-cli help)
@@ -117,3 +117,25 @@ still shows the command.
   [2]
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help | sed -n 2p
     bare   (no description; ktl-cli help bare says why)
+
+A word that names no installed command is an unknown command, whatever it
+looks like, with the same status; a plug-in that is there but cannot be
+loaded is a loading failure, with the loader's reason.
+
+  $ ktl-cli foo -confirm cur
+  ktl-cli: Unknown command "foo". Commands: logger, help; "ktl-cli help" describes them.
+  [2]
+  $ ktl-cli '?'
+  ktl-cli: Unknown command "?". Commands: logger, help; "ktl-cli help" describes them.
+  [2]
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli foo
+  ktl-cli: Unknown command "foo". Commands: bare, help; "ktl-cli help" describes them.
+  [2]
+  $ printf 'not a library' > plugins/libktl_cli-broken.so
+  $ ln -s nowhere.so plugins/libktl_cli-dangling.so
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli broken -x
+  ktl-cli: cannot load the plug-in of command "broken" (*/plugins/libktl_cli-broken.so): */plugins/libktl_cli-broken.so: file too short (glob)
+  [3]
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli dangling
+  ktl-cli: cannot load the plug-in of command "dangling" (*/plugins/libktl_cli-dangling.so): */plugins/libktl_cli-dangling.so: cannot open shared object file: No such file or directory (glob)
+  [3]
