@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Types the lines of standard input into an interactive `ktl-cli` on a
-# pseudo-terminal and prints the screen as plain lines: carriage returns and
-# libedit's cursor moves after a completion are removed. Each line is typed
+# pseudo-terminal and prints the screen as plain lines, as the terminal
+# shows them. Each line is typed
 # only when the shell waits at an empty prompt, a question or a lock, as an
 # operator types: then libedit or the question has the terminal, and the terminal
 # does not echo the line ahead of the shell. The input must end the shell
@@ -20,13 +20,13 @@ shell=$!
 exec 3> "$work/keys"
 
 # Waits until the screen has grown past $1 bytes and ends with an empty
-# prompt, a question or a notice that the command waits for a lock: the
+# prompt (with or without its pending mark), a question or a notice that the command waits for a lock: the
 # shell has taken the last line typed and waits for the next.
 screen_size() { stat -c %s "$work/screen"; }
 wait_for_prompt() {
   for _ in $(seq 1200); do
     if [ "$(screen_size)" -gt "$1" ]; then
-      case $(tail -c 7 "$work/screen") in *"ktl> " | "[y/n]: ") return ;; esac
+      case $(tail -c 16 "$work/screen") in *"ktl> " | *"ktl [pending]> " | *"[y/n]: ") return ;; esac
       # A whole line only: the terminal ends each with \r\n.
       case $(tail -n 1 "$work/screen") in "ktl-cli: waiting for "*$'\r') return ;; esac
     fi
@@ -46,5 +46,18 @@ done
 status=0
 wait "$shell" || status=$?
 exec 3>&-
-perl -pe 's/\r\e\[\d+G//g; s/\e\[[0-9;]*[A-Za-z]//g; s/\r//g' "$work/screen"
+# The terminal's line as it ends up: a carriage return or a move to a column
+# (libedit's redraw after a completion or a list) moves where the following
+# text is written, over what stands there; "erase to the end of the line"
+# erases; other escape sequences change nothing on a plain screen.
+perl -ne '
+  my $end = s/\n\z// ? "\n" : ""; my ($line, $col) = ("", 0);
+  while (length) {
+    if (s/^\r//) { $col = 0 }
+    elsif (s/^\e\[(\d*)G//) { $col = ($1 || 1) - 1 }
+    elsif (s/^\e\[0?K//) { substr($line, $col) = "" if $col < length $line }
+    elsif (s/^\e\[[0-9;?]*[A-Za-z]//) {}
+    else { s/^(.)//s; $line .= " " x ($col - length $line); substr($line, $col, 1) = $1; $col++ }
+  }
+  print $line, $end;' "$work/screen"
 exit "$status"
