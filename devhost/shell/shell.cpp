@@ -123,7 +123,11 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
     if (!strEntry.empty() && strEntry.back() == '\n') strEntry.pop_back();
     history(historyList.get(), &event, H_ENTER, strEntry.c_str());
     if (!strHistory.empty()) history(historyList.get(), &event, H_SAVE, strHistory.c_str());
-    if (vecWords.size() == 1 && isLeaveWord(vecWords.front())) {
+    if (isLeaveWord(vecWords.front())) {
+      if (vecWords.size() > 1) {
+        std::cerr << "ktl-cli: \"" << vecWords.front() << "\" takes no words" << std::endl;
+        continue;
+      }
       if (!hasOwnPendingEdits() || AgreesToLeave()) break;
       continue;
     }

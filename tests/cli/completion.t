@@ -79,7 +79,10 @@ that ends the form (-setting off) or after the last word a form takes.
   -nochk
 
 A mount point is one of the mounted file systems that the mount command
-lists (kernel interfaces such as /proc and /sys left out), matched as typed.
+lists, matched as typed. Kernel interfaces (/proc, /sys, cgroups), lines
+that name no mount and directories that are not one plain word (a blank,
+a control character) are left out; a mount command that fails offers
+nothing.
 
   $ offer ktl-cli logger -mp ''
   / /dev/shm /data /var/log
@@ -89,6 +92,16 @@ lists (kernel interfaces such as /proc and /sys left out), matched as typed.
   
   $ KTL_MOUNT_CMD=false offer ktl-cli logger -mp ''
   
+  $ cat > odd-mounts <<'EOF'
+  > a line that names no mount
+  > /dev/sdb1 on /mnt/usb type vfat (rw)
+  > /dev/sdc1 on /mnt/my disk type ext4 (rw)
+  > cgroup2 on /sys/fs/cgroup type cgroup2 (rw)
+  > /dev/sde1 on /srv type xfs
+  > EOF
+  $ printf '/dev/sdd1 on /mnt/\033[31mred type ext4 (rw)\n' >> odd-mounts
+  $ KTL_MOUNT_CMD="cat odd-mounts" offer ktl-cli logger -mp ''
+  /mnt/usb /srv
 
 A number is not completed: its range in force is shown instead, for the
 monitor chosen, with an empty second candidate so that bash lists the

@@ -166,9 +166,9 @@ question stays in the shell. The edits stay pending after the shell ends.
 Edits of another session do not mark the prompt, and leaving asks nothing.
 An unknown word is an unknown command with the commands of the shell; a
 line that starts with "#" is a comment; the shell's help names commands as
-the shell takes them.
+the shell takes them; "exit" and "quit" take no words.
 
-  $ printf 'logger -confirm edit\n  # logger -discard -nochk\nfoo bar\nhelp\nhelp nosuch\nquit\n' | "$TESTDIR/shell-session.sh"
+  $ printf 'logger -confirm edit\n  # logger -discard -nochk\nfoo bar\nhelp\nhelp nosuch\nexit now\nquit\n' | "$TESTDIR/shell-session.sh"
   ktl> logger -confirm edit
   Logger configuration
   
@@ -188,6 +188,8 @@ the shell takes them.
   ktl> help nosuch
   ktl-cli: Unknown command "nosuch". Commands: logger, help, exit, quit; "?" lists them with what they do.
   exit status 2
+  ktl> exit now
+  ktl-cli: "exit" takes no words
   ktl> quit
   $ ktl-cli logger -discard -nochk
   The pending changes were discarded.
