@@ -69,10 +69,8 @@ const CFormDescription* FormOf(const CCommandDescription& description, const std
 // option in hand and whether it has its value yet.
 class CFormProgress {
  public:
-  explicit CFormProgress(const CFormDescription& form) : m_form(form), m_pInHand(&form.vecOptions.front()) {
-    m_setGiven.insert(m_pInHand->strName);
-    m_nRequiredGiven = 1;
-  }
+  explicit CFormProgress(const CFormDescription& form)
+      : m_form(form), m_pInHand(&form.vecOptions.front()), m_setGiven{m_pInHand->strName} {}
 
   // Takes the next word; false when the grammar has no place for it.
   bool Take(const std::string& strWord) {
@@ -129,7 +127,7 @@ class CFormProgress {
   const COptionDescription* m_pInHand;
   bool m_bHasValue = false;
   bool m_bEnded = false;
-  size_t m_nRequiredGiven = 0;
+  size_t m_nRequiredGiven = 1;  // the first option, which selected the form
   std::set<std::string> m_setGiven;
   std::string m_strSelector;
 };
