@@ -15,6 +15,7 @@ mkfifo "$work/keys"
 # so that a Ctrl-C reaches ktl-cli alone. A shell left waiting would die of
 # it (dash does, when SHELL is unset or /bin/sh) and set the exit status.
 # The terminal type is fixed too: libedit redraws differently on others.
+: > "$work/screen"  # there before the background job opens it, for the first wait
 SHELL=/bin/sh TERM=xterm timeout 120 script -qfec 'exec ktl-cli' /dev/null < "$work/keys" > "$work/screen" &
 shell=$!
 exec 3> "$work/keys"
@@ -37,9 +38,10 @@ size=0
 for line in "${lines[@]}"; do
   wait_for_prompt "$size"
   size=$(screen_size)
-  # A line that ends in Ctrl-C is typed without Enter, as an operator would.
+  # A line that ends in Ctrl-C or Ctrl-D is typed without Enter, as an
+  # operator would: an Enter after it would answer what the key brought up.
   case $line in
-    *$'\003') printf '%s' "$line" >&3 ;;
+    *$'\003' | *$'\004') printf '%s' "$line" >&3 ;;
     *) printf '%s\n' "$line" >&3 ;;
   esac
 done
