@@ -6,7 +6,6 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <iostream>
@@ -43,11 +42,13 @@ Answer ReadAnswer(std::string& strLine) {
   }
 }
 
+// The answer without surrounding blanks, in lower case.
 std::string Normalised(const std::string& strText) {
-  std::string strOut;
-  for (unsigned char c : strText) {
-    if (!std::isspace(c)) strOut += static_cast<char>(std::tolower(c));
-  }
+  const char kBlanks[] = " \t\r";
+  const std::string::size_type nFirst = strText.find_first_not_of(kBlanks);
+  if (nFirst == std::string::npos) return std::string();
+  std::string strOut = strText.substr(nFirst, strText.find_last_not_of(kBlanks) - nFirst + 1);
+  for (char& c : strOut) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return strOut;
 }
 
