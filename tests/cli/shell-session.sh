@@ -21,11 +21,14 @@ shell=$!
 exec 3> "$work/keys"
 
 # Waits until the screen has grown past $1 bytes and ends with an empty
-# prompt (with or without its pending mark), a question or a notice that the command waits for a lock: the
-# shell has taken the last line typed and waits for the next.
+# prompt (with or without its pending mark), a question or a notice that
+# the command waits for a lock: the shell has taken the last line typed and
+# waits for the next. Fails at once when the shell has ended: the lines
+# left are not typed, and the screen shows where it ended.
 screen_size() { stat -c %s "$work/screen"; }
 wait_for_prompt() {
   for _ in $(seq 1200); do
+    kill -0 "$shell" 2> /dev/null || return 1
     if [ "$(screen_size)" -gt "$1" ]; then
       case $(tail -c 16 "$work/screen") in *"ktl> " | *"ktl [pending]> " | *"[y/n]: ") return ;; esac
       # A whole line only: the terminal ends each with \r\n.
@@ -36,7 +39,7 @@ wait_for_prompt() {
 }
 size=0
 for line in "${lines[@]}"; do
-  wait_for_prompt "$size"
+  wait_for_prompt "$size" || break
   size=$(screen_size)
   # A line that ends in Ctrl-C or Ctrl-D is typed without Enter, as an
   # operator would: an Enter after it would answer what the key brought up.
