@@ -111,6 +111,10 @@ still shows the command.
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
   ktl-cli: no help for command "bare": */plugins/bare.command.ini: [limits A] X_MIN is not a number: low (glob)
   [2]
+  $ printf '[command]\nforms = only\n[form only]\noptions = -x\n[only -x]\nvalues = a|b\nvalue_meanings = just one\n' > plugins/bare.command.ini
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
+  ktl-cli: no help for command "bare": */plugins/bare.command.ini: [only -x] gives 1 value meanings for 2 values (glob)
+  [2]
   $ printf '[command]\nforms\n' > plugins/bare.command.ini
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
   ktl-cli: no help for command "bare": */plugins/bare.command.ini:2: '=' character not found in line (glob)
