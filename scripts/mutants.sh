@@ -110,7 +110,12 @@ host: hidden session leader taken as none @@ devhost/service/edit_session.cpp @@
 host: sudo session taken as the operator's @@ devhost/service/edit_session.cpp @@ nSession = nOuter; @@ (void)nOuter;
 host: question not ended by Ctrl-C @@ devhost/messages/message_inquiry.cpp @@ if (devhost::isInterrupted()) { @@ if (false) {
 host: lock wait not ended by Ctrl-C @@ devhost/files/lock_file.cpp @@ if (!bWaitForEver && isInterrupted()) { @@ if (false) {
-host: Ctrl-C at the prompt runs the line @@ devhost/shell/shell.cpp @@ if (bCancelled) { @@ if (false) {
+host: Ctrl-C at the prompt runs the line @@ devhost/shell/shell.cpp @@ if (state.bCancelled) { @@ if (false) {
+host: prompt without its pending mark @@ devhost/shell/shell.cpp @@ return hasOwnPendingEdits() ? kPendingPrompt : kPrompt; @@ return kPrompt;
+host: leave question declined leaves @@ devhost/shell/leave_question.cpp @@ if (strAnswer == "n" || strAnswer == "no") return false; @@ if (strAnswer == "n" || strAnswer == "no") return true;
+host: unknown command goes to the loader @@ devhost/cli/ktl_cli.cpp @@ if (!devhost::isInstalledCommand(strCommand)) return @@ if (false) return
+host: completion offers optional options first @@ devhost/help/completion.cpp @@ if (nRequired++ == m_nRequiredGiven) return {&option}; @@ (void)nRequired;
+host: completion goes on after -setting off @@ devhost/help/completion.cpp @@ strValue == m_pInHand->strEndsForm) m_bEnded = true; @@ strValue == m_pInHand->strEndsForm) (void)0;
 EOF
 )
 

@@ -20,6 +20,7 @@
 #include "devhost/command/interrupt.h"
 #include "devhost/compare/compare_command.h"
 #include "devhost/files/paths.h"
+#include "devhost/help/command_description.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
 #include "devhost/utilities/trace_echo.h"
@@ -97,15 +98,16 @@ void PrintVersion(std::ostream& out) {
 int PrintCompletions(const std::vector<std::string>& vecArgs) {
   if (vecArgs.empty()) return kExitUsage;
   const std::vector<std::string> vecBefore(vecArgs.begin(), vecArgs.end() - 1);
-  for (const std::string& strCandidate : devhost::CompletionCandidates(vecBefore, vecArgs.back())) {
+  for (const std::string& strCandidate :
+       devhost::CompletionCandidates(vecBefore, vecArgs.back(), devhost::Place::kCommandLine)) {
     std::cout << strCandidate << "\n";
   }
   return kExitSuccess;
 }
 
 // The words after "ktl-cli", from the command line or from a line of the
-// shell.
-int RunWords(const std::vector<std::string>& vecWords) {
+// shell (ePlace).
+int RunWords(const std::vector<std::string>& vecWords, devhost::Place ePlace) {
   const std::string& strCommand = vecWords.front();
   const std::vector<std::string> vecRest(vecWords.begin() + 1, vecWords.end());
   if (strCommand == "--help" || strCommand == "-h") {
@@ -116,26 +118,28 @@ int RunWords(const std::vector<std::string>& vecWords) {
     PrintVersion(std::cout);
     return kExitSuccess;
   }
-  if (strCommand == "help") return devhost::ShowHelp(vecRest, std::cout, std::cerr);
+  if (strCommand == "help") return devhost::ShowHelp(vecRest, ePlace, std::cout, std::cerr);
   if (strCommand == "--complete") return PrintCompletions(vecRest);
   if (strCommand == devhost::kCompareWord) return devhost::RunCompare(vecRest, std::cout, std::cerr);
   // "COMMAND -h" is what a newcomer types first: the command's help, not a
   // refusal of an unknown option.
   if (vecRest.size() == 1 && (vecRest.front() == "-h" || vecRest.front() == "--help") &&
       devhost::isValidCommandName(strCommand)) {
-    return devhost::ShowHelp({strCommand}, std::cout, std::cerr);
+    return devhost::ShowHelp({strCommand}, ePlace, std::cout, std::cerr);
   }
   if (!devhost::isValidCommandName(strCommand)) {
     std::cerr << "ktl-cli: not a command name: " << strCommand << " (see ktl-cli --help)" << std::endl;
     return kExitUsage;
   }
+  // A word that names no plug-in is a typing error, not a loading failure.
+  if (!devhost::isInstalledCommand(strCommand)) return devhost::ShowUnknownCommand(strCommand, ePlace, std::cerr);
   return devhost::DriveCommand(strCommand, vecRest);
 }
 
 // A line of the shell: Ctrl-C ends the wait the command is in, not the shell.
 int RunShellLine(const std::vector<std::string>& vecWords) {
   const devhost::CInterruptCatcher catcher;
-  return RunWords(vecWords);
+  return RunWords(vecWords, devhost::Place::kShell);
 }
 
 bool isTerminal() { return isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1; }
@@ -157,5 +161,5 @@ int main(int argc, char** argv) {
     PrintUsage(std::cerr);
     return kExitUsage;
   }
-  return devhost::CheckStandardOutput(RunWords(vecWords));
+  return devhost::CheckStandardOutput(RunWords(vecWords, devhost::Place::kCommandLine));
 }

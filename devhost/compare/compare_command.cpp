@@ -10,10 +10,10 @@
 namespace devhost {
 
 const char kCompareWord[] = "compare";
+const char kComparedCommand[] = "logger";
 
 namespace {
 
-const char kComparedCommand[] = "logger";
 const int kShown = 0;
 const int kUnreadable = 1;
 const int kWrongWords = 2;

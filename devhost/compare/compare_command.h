@@ -11,6 +11,8 @@ namespace devhost {
 
 // The word that starts a comparison, in one-shot use and in the shell.
 extern const char kCompareWord[];
+// The one command whose configurations can be compared.
+extern const char kComparedCommand[];
 
 // Runs `compare` with the words after it (only "logger" can be compared).
 // Holds the command lock while it reads. Returns the exit status: 0 when the

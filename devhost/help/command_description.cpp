@@ -4,6 +4,7 @@
 #include "devhost/help/command_description.h"
 
 #include <dirent.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <boost/property_tree/ini_parser.hpp>
@@ -62,18 +63,26 @@ bool ReadOption(const Tree& tree, const std::string& strForm, std::string strWor
   if (it == tree.not_found()) return true;
   const Tree* pSection = &it->second;
   option.vecValues = SplitWords(Value(*pSection, "values"), '|');
+  option.vecValueMeanings = SplitWords(Value(*pSection, "value_meanings"), '|');
   option.strPlaceholder = Value(*pSection, "value");
   option.strSample = Value(*pSection, "sample");
+  option.strCompleteFrom = Value(*pSection, "complete_from");
   option.strNumberStem = Value(*pSection, "number");
   if (option.isNumber()) option.strPlaceholder = "N";
   option.strSection = Value(*pSection, "section");
   option.vecSections = SplitWords(Value(*pSection, "sections"));
   option.strNotFor = Value(*pSection, "not_for");
   option.bOptionalValue = Value(*pSection, "optional_value") == "yes";
+  option.strEndsForm = Value(*pSection, "ends_form");
   option.strMeaning = Value(*pSection, "meaning");
   if (!option.vecSections.empty() && option.vecSections.size() != option.vecValues.size()) {
     strError = strFile + ": [" + strForm + " " + strWord + "] names " + std::to_string(option.vecSections.size()) +
                " sections for " + std::to_string(option.vecValues.size()) + " values";
+    return false;
+  }
+  if (!option.vecValueMeanings.empty() && option.vecValueMeanings.size() != option.vecValues.size()) {
+    strError = strFile + ": [" + strForm + " " + strWord + "] gives " + std::to_string(option.vecValueMeanings.size()) +
+               " value meanings for " + std::to_string(option.vecValues.size()) + " values";
     return false;
   }
   return true;
@@ -165,6 +174,13 @@ std::vector<std::string> InstalledCommands() {
   closedir(pDir);
   std::sort(vecCommands.begin(), vecCommands.end());
   return vecCommands;
+}
+
+bool isInstalledCommand(const std::string& strCommand) {
+  // lstat, not access: a plug-in link that leads nowhere is installed, and
+  // loading it says what is wrong.
+  struct stat info;
+  return lstat((PluginDir() + "/" + kPluginPrefix + strCommand + kPluginSuffix).c_str(), &info) == 0;
 }
 
 std::string LimitsSection(const CFormDescription& form, const COptionDescription& option,
