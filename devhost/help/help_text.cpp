@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "devhost/help/command_description.h"
+#include "devhost/utilities/terminal_text.h"
 
 namespace devhost {
 namespace {
@@ -137,13 +138,15 @@ int ShowHelp(const std::vector<std::string>& vecTopics, std::ostream& out, std::
   const std::string& strCommand = vecTopics.front();
   const std::vector<std::string> vecCommands = InstalledCommands();
   if (std::find(vecCommands.begin(), vecCommands.end(), strCommand) == vecCommands.end()) {
-    err << "ktl-cli: no command \"" << strCommand << "\" is installed (see ktl-cli help)" << std::endl;
+    err << "ktl-cli: no command \"" << EscapeControlBytes(strCommand) << "\" is installed (see ktl-cli help)"
+        << std::endl;
     return kExitUsage;
   }
   CCommandDescription description;
   std::string strError;
   if (!ReadCommandDescription(strCommand, description, strError)) {
-    err << "ktl-cli: no help for command \"" << strCommand << "\": " << strError << std::endl;
+    err << "ktl-cli: no help for command \"" << EscapeControlBytes(strCommand) << "\": " << EscapeControlBytes(strError)
+        << std::endl;
     return kExitUsage;
   }
   ShowCommand(description, out);
