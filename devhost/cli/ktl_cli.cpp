@@ -16,11 +16,13 @@
 
 #include "devhost/cli/drive_command.h"
 #include "devhost/cli/shell_loader.h"
+#include "devhost/cli/standard_descriptors.h"
 #include "devhost/cli/standard_output.h"
 #include "devhost/command/interrupt.h"
 #include "devhost/files/paths.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
+#include "devhost/utilities/terminal_text.h"
 
 namespace {
 
@@ -108,7 +110,8 @@ int RunWords(const std::vector<std::string>& vecWords) {
     return devhost::ShowHelp({strCommand}, std::cout, std::cerr);
   }
   if (!devhost::isValidCommandName(strCommand)) {
-    std::cerr << "ktl-cli: not a command name: " << strCommand << " (see ktl-cli --help)" << std::endl;
+    std::cerr << "ktl-cli: not a command name: " << devhost::EscapeControlBytes(strCommand) << " (see ktl-cli --help)"
+              << std::endl;
     return kExitUsage;
   }
   return devhost::DriveCommand(strCommand, vecRest);
@@ -125,6 +128,7 @@ bool isTerminal() { return isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) ==
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (!devhost::FillClosedStandardDescriptors()) return devhost::kExitCommandFailed;
   devhost::StandardOutput().Install();
   if (argc < 2) {
     if (isTerminal()) return devhost::StartShell(RunShellLine);
