@@ -2,6 +2,8 @@
 
 #include <signal.h>
 
+#include <cerrno>
+
 #include "devhost/files/paths.h"
 
 namespace devhost {
@@ -10,6 +12,21 @@ void BeforeFileChange() {
   static const unsigned long nKillAt = FaultKillAt();
   static unsigned long nChanges = 0;
   if (nKillAt != 0 && ++nChanges == nKillAt) raise(SIGKILL);
+}
+
+int InjectedOpenError(const std::string& strPath) {
+  static const std::string strFault = FaultOpen();
+  if (strFault.empty()) return 0;
+  const std::string::size_type nColon = strFault.rfind(':');
+  if (nColon == std::string::npos) return 0;
+  const std::string strName = strFault.substr(0, nColon);
+  const std::string strError = strFault.substr(nColon + 1);
+  const std::string::size_type nSlash = strPath.rfind('/');
+  if (strPath.substr(nSlash == std::string::npos ? 0 : nSlash + 1) != strName) return 0;
+  if (strError == "EACCES") return EACCES;
+  if (strError == "ENOSPC") return ENOSPC;
+  if (strError == "EIO") return EIO;
+  return 0;
 }
 
 }  // namespace devhost

@@ -67,4 +67,6 @@ std::string TempDir() { return EnvOr("TMPDIR", "/tmp"); }
 
 unsigned long FaultKillAt() { return std::strtoul(Env("KTL_FAULT_KILL_AT").c_str(), nullptr, 10); }
 
+std::string FaultOpen() { return Env("KTL_FAULT_OPEN"); }
+
 }  // namespace devhost

@@ -8,9 +8,9 @@
 #include <algorithm>
 #include <boost/property_tree/ini_parser.hpp>
 #include <boost/property_tree/ptree.hpp>
-#include <fstream>
 #include <sstream>
 
+#include "devhost/files/ini_store.h"
 #include "devhost/files/paths.h"
 #include "host/profile.h"
 
@@ -123,13 +123,15 @@ std::string CommandDescriptionFile(const std::string& strCommand) {
 
 bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& description, std::string& strError) {
   const std::string strFile = CommandDescriptionFile(strCommand);
-  std::ifstream in(strFile);
-  if (!in) {
-    strError = strFile + ": cannot be read";
+  std::string strText;
+  const IniRead eRead = ReadTextFile(strFile, strText, strError);
+  if (eRead != IniRead::kOk) {
+    if (eRead == IniRead::kMissing) strError = strFile + ": cannot be read";
     return false;
   }
   Tree tree;
   try {
+    std::istringstream in(strText);
     boost::property_tree::read_ini(in, tree);
     description = CCommandDescription();
     description.strCommand = strCommand;
