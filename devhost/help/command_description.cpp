@@ -85,6 +85,7 @@ bool ReadForm(const Tree& tree, const std::string& strName, CFormDescription& fo
   const Tree* pSection = nullptr;
   if (!Section(tree, "form " + strName, pSection, strFile, strError)) return false;
   form.strSummary = Value(*pSection, "summary");
+  form.bReadOnly = Value(*pSection, "read_only") == "yes";
   for (const std::string& strWord : SplitWords(Value(*pSection, "options"))) {
     COptionDescription option;
     if (!ReadOption(tree, strName, strWord, option, strFile, strError)) return false;
@@ -149,6 +150,16 @@ bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& 
     strError = strFile + ":" + std::to_string(e.line()) + ": " + e.message();
     return false;
   }
+}
+
+bool isReadOnlyForm(const std::string& strCommand, const std::string& strFirstOption) {
+  CCommandDescription description;
+  std::string strIgnored;
+  if (!ReadCommandDescription(strCommand, description, strIgnored)) return false;
+  for (const CFormDescription& form : description.vecForms) {
+    if (form.vecOptions.front().strName == strFirstOption) return form.bReadOnly;
+  }
+  return false;
 }
 
 std::vector<std::string> InstalledCommands() {

@@ -52,3 +52,63 @@ terminal.
   $ ktl-cli logger -confirm edit | tail -2
       Mount point               Threshold (%)
       /mnt/\x1b[2J                 80
+  $ export KTL_MOUNT_CMD="printf '/dev/x on /mnt/\302\2332J type ext4 (rw)\n'"
+  $ ktl-cli logger -mp "$(printf '/mnt/\302\2332J')" -setting on -threshold 80 > /dev/null
+  $ ktl-cli logger -confirm edit | tail -1
+      /mnt/\xc2\x9b2J                 80
+  $ ktl-cli logger -mp "$(printf '/\302\233\233')" -setting on 2>&1 | grep -c $'\302\233\|\233'
+  0
+  [1]
+  $ ktl-cli "$(printf 'log\033[31mger')" -confirm cur
+  ktl-cli: cannot load the plug-in of command "log\x1b[31mger" (*/libktl_cli-log\x1b[31mger.so): */libktl_cli-log\x1b[31mger.so: cannot open shared object file: No such file or directory (glob)
+  [3]
+  $ tail -3 ~/.local/state/ktl-cli/audit.log | cut -d' ' -f4-
+  status=0 logger -mp /mnt/\xc2\x9b2J -setting on -threshold 80
+  status=0 logger -confirm edit
+  status=1 logger -mp /\xc2\x9b\x9b -setting on
+  $ export KTL_MOUNT_CMD="cat $TESTDIR/mounts.txt"
+
+With standard input, output and error closed, what ktl-cli says goes
+nowhere: the files it opens first do not take their places.
+
+  $ ktl-cli logger -syslogoutput off <&- >&- 2>&-
+  $ tail -1 ~/.local/state/ktl-cli/audit.log | cut -d' ' -f4-
+  status=0 logger -syslogoutput off
+  $ grep -vc ' status=' ~/.local/state/ktl-cli/audit.log
+  0
+  [1]
+
+An audit log that cannot be written stops every command that may change
+the state before it changes anything, naming the file and the reason; a
+command that only looks goes on with a warning:
+
+  $ for fault in audit.log:EACCES audit.log:ENOSPC; do
+  >   KTL_FAULT_OPEN=$fault ktl-cli logger -syslogoutput on
+  >   KTL_FAULT_OPEN=$fault ktl-cli logger -save -nochk
+  > done
+  ktl-cli: the command was not run: its audit record could not be written (cannot open /*/ktl-cli/audit.log: Permission denied) (glob)
+  ktl-cli: the command was not run: its audit record could not be written (cannot open /*/ktl-cli/audit.log: Permission denied) (glob)
+  ktl-cli: the command was not run: its audit record could not be written (cannot open /*/ktl-cli/audit.log: No space left on device) (glob)
+  ktl-cli: the command was not run: its audit record could not be written (cannot open /*/ktl-cli/audit.log: No space left on device) (glob)
+  [1]
+  $ KTL_FAULT_OPEN=audit.log:EACCES ktl-cli logger -confirm edit | sed -n 1,4p
+  ktl-cli: warning: this command leaves no audit record: cannot open /*/ktl-cli/audit.log: Permission denied (glob)
+  Logger configuration
+  
+    Syslog output           : Off
+  $ tail -1 ~/.local/state/ktl-cli/audit.log | cut -d' ' -f4-
+  status=0 logger -syslogoutput off
+
+A command ended by a signal, at its question or while it prints, still
+leaves its line, naming the signal:
+
+  $ ktl-cli logger -syslogoutput on > /dev/null
+  $ timeout -s TERM 1 ktl-cli logger -save < <(sleep 5) > /dev/null
+  [124]
+  $ timeout -s HUP 1 ktl-cli logger -discard < <(sleep 5) > /dev/null
+  [124]
+  $ python3 -c 'import os, subprocess; r, w = os.pipe(); os.close(r); subprocess.run(["ktl-cli", "logger", "-confirm", "cur"], stdout=w)'
+  $ tail -3 ~/.local/state/ktl-cli/audit.log | cut -d' ' -f4-
+  status=SIGTERM logger -save
+  status=SIGHUP logger -discard
+  status=SIGPIPE logger -confirm cur
