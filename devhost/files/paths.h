@@ -3,8 +3,8 @@
 // nothing of the machine:
 //
 //   KTL_STATE_DIR      the logging tool's state (configurations, session,
-//                      audit log); default $XDG_STATE_HOME/ktl-cli, else
-//                      $HOME/.local/state/ktl-cli
+//                      audit log); default $XDG_STATE_HOME/ktl-cli (when it
+//                      is an absolute path), else $HOME/.local/state/ktl-cli
 //   KTL_PLUGIN_DIR     where ktl-cli loads libktl_cli-<command>.so from
 //   KTL_TEMPLATE_DIR   the Mustache templates (<name>.mustache)
 //   KTL_CATALOGUE      the message catalogue file
