@@ -10,21 +10,16 @@
 #include <memory>
 
 #include "devhost/help/completion.h"
+#include "devhost/shell/history_path.h"
 
 namespace {
 
 const char kPrompt[] = "ktl> ";
-const char kHistoryFile[] = ".ktl_history";
 const int kHistorySize = 1000;
 const char kExitWord[] = "exit";
 const int kExitUsage = 2;
 
 const char* Prompt(EditLine*) { return kPrompt; }
-
-std::string HistoryPath() {
-  const char* pszHome = std::getenv("HOME");
-  return pszHome != nullptr && pszHome[0] != '\0' ? std::string(pszHome) + "/" + kHistoryFile : std::string();
-}
 
 struct TokenizerDeleter {
   void operator()(Tokenizer* pTokenizer) const { tok_end(pTokenizer); }
@@ -114,7 +109,7 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
   HistEvent event;
   history(historyList.get(), &event, H_SETSIZE, kHistorySize);
   history(historyList.get(), &event, H_SETUNIQUE, 1);
-  const std::string strHistory = HistoryPath();
+  const std::string strHistory = devhost::HistoryPath();
   if (!strHistory.empty()) history(historyList.get(), &event, H_LOAD, strHistory.c_str());
 
   EditLine* pEditLine = editLine.get();
