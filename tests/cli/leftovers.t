@@ -25,3 +25,9 @@ anything that is not a plain file:
   logger.ini.tmp.4194305.Other1
   logger.ini.tmp.4194305.toolong
   logger.ini.tmp.LIVE.Alive1
+
+A TMPDIR where no file can be made gives way to /tmp, as it does for other
+programs:
+
+  $ TMPDIR=$PWD/none ktl-cli logger -mp /var/log -setting on
+  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
