@@ -41,26 +41,40 @@ std::string AncestorProblem(const std::string& strDir) {
   return std::string();
 }
 
-// Every directory above strDir, up to /, as OpenSSH's StrictModes checks
-// them: whoever may rename an entry of one of them can swap the state
-// directory for one of their own.
+// The directories that decide who may swap strDir, as OpenSSH's StrictModes
+// checks them: every one above it, up to /. Of a directory still to be
+// made, its nearest existing ancestor (where it will be made) and every
+// one above that, so that nothing is made in an unsafe place.
 bool isTrustedAncestry(const std::string& strDir, std::string& strError) {
-  const std::unique_ptr<char, decltype(&free)> pszReal(realpath(strDir.c_str(), nullptr), &free);
+  std::string strExisting = strDir;
+  if (strExisting[0] != '/') {
+    const std::unique_ptr<char, decltype(&free)> pszCwd(getcwd(nullptr, 0), &free);
+    if (pszCwd) strExisting = std::string(pszCwd.get()) + "/" + strExisting;
+  }
+  struct stat st;
+  bool bCheckExisting = false;
+  while (stat(strExisting.c_str(), &st) != 0 && errno == ENOENT && strExisting != "/") {
+    strExisting = ParentOf(strExisting);
+    bCheckExisting = true;
+  }
+  const std::unique_ptr<char, decltype(&free)> pszReal(realpath(strExisting.c_str(), nullptr), &free);
   if (!pszReal) {
-    strError = "cannot check " + strDir + ": " + std::strerror(errno);
+    // A file where a directory should be is for MakeDirectories to report.
+    if (errno == ENOTDIR) return true;
+    strError = "cannot check " + strExisting + ": " + std::strerror(errno);
     return false;
   }
   std::string strAncestor = pszReal.get();
-  while (strAncestor != "/") {
-    strAncestor = ParentOf(strAncestor);
+  if (!bCheckExisting) strAncestor = ParentOf(strAncestor);
+  for (;;) {
     const std::string strProblem = AncestorProblem(strAncestor);
     if (!strProblem.empty()) {
-      strError =
-          "refusing the state directory " + strDir + ": its parent " + strAncestor + " is not safe: " + strProblem;
+      strError = "refusing the state directory " + strDir + ": " + strAncestor + " above it is not safe: " + strProblem;
       return false;
     }
+    if (strAncestor == "/") return true;
+    strAncestor = ParentOf(strAncestor);
   }
-  return true;
 }
 
 }  // namespace
@@ -73,8 +87,8 @@ bool PrepareStateDir(std::string& strError) {
         "KTL_STATE_DIR to a directory of your own";
     return false;
   }
-  return MakeDirectories(strDir, strError) && isTrustedDirectory(strDir, strError) &&
-         isTrustedAncestry(strDir, strError);
+  return isTrustedAncestry(strDir, strError) && MakeDirectories(strDir, strError) &&
+         isTrustedDirectory(strDir, strError);
 }
 
 }  // namespace devhost

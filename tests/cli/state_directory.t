@@ -118,16 +118,21 @@ to the caller, and group and others may write it only when it is sticky
 (as /tmp is), or it could be swapped for another one, as ssh demands of the
 directories above its keys:
 
-  $ mkdir -m 0777 open && mkdir -m 0700 open/state
+  $ mkdir -m 0777 open
   $ KTL_STATE_DIR=$PWD/open/state ktl-cli logger -confirm cur
-  ktl-cli: refusing the state directory /*/open/state: its parent /*/open is not safe: group or others can write it (mode 0777; chmod go-w or chmod +t fixes that) (glob)
+  ktl-cli: refusing the state directory /*/open/state: /*/open above it is not safe: group or others can write it (mode 0777; chmod go-w or chmod +t fixes that) (glob)
   [1]
+  $ ls -A open
   $ chmod +t open
   $ KTL_STATE_DIR=$PWD/open/state ktl-cli logger -confirm cur | head -1
   Logger configuration
+  $ chmod -t open
+  $ KTL_STATE_DIR=$PWD/open/state ktl-cli logger -confirm cur
+  ktl-cli: refusing the state directory /*/open/state: /*/open above it is not safe: group or others can write it (mode 0777; chmod go-w or chmod +t fixes that) (glob)
+  [1]
   $ mkdir -m 0755 theirs && mkdir -m 0700 theirs/state && chown nobody theirs
   $ KTL_STATE_DIR=$PWD/theirs/state ktl-cli logger -confirm cur
-  ktl-cli: refusing the state directory /*/theirs/state: its parent /*/theirs is not safe: it belongs to uid 65534, neither to you (uid 0) nor to root (glob)
+  ktl-cli: refusing the state directory /*/theirs/state: /*/theirs above it is not safe: it belongs to uid 65534, neither to you (uid 0) nor to root (glob)
   [1]
 
 A relative XDG_STATE_HOME is not valid and is ignored, as the XDG rules say:
