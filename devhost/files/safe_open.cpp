@@ -60,7 +60,7 @@ int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::stri
     errno = nInjected;
   } else {
     do {
-      nFd = open(strPath.c_str(), nFlags | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, nMode);
+      nFd = open(strPath.c_str(), nFlags | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, nMode);
     } while (nFd < 0 && errno == EINTR);
   }
   if (nFd < 0) {

@@ -25,7 +25,8 @@ enum class FileKind {
   kRegularOrTerminal,  // also a character device, such as /dev/null or a tty
 };
 
-// open(2) with O_NOFOLLOW, O_CLOEXEC and O_NONBLOCK added; a file it creates
+// open(2) with O_NOFOLLOW, O_CLOEXEC, O_NONBLOCK and O_NOCTTY (a terminal
+// as the trace file must not become ktl-cli's own) added; a file it creates
 // gets nMode (less the umask). Anything but eKind (a FIFO, a socket, a
 // directory) is refused. The descriptor is blocking again when returned.
 // -1 with errno set on failure, and strError naming the file and the error.
