@@ -1,5 +1,6 @@
 #include "devhost/files/fault_injection.h"
 
+#include <fnmatch.h>
 #include <signal.h>
 
 #include <cerrno>
@@ -16,13 +17,14 @@ void BeforeFileChange() {
 
 int InjectedOpenError(const std::string& strPath) {
   static const std::string strFault = FaultOpen();
-  if (strFault.empty()) return 0;
   const std::string::size_type nColon = strFault.rfind(':');
   if (nColon == std::string::npos) return 0;
-  const std::string strName = strFault.substr(0, nColon);
+  const std::string strPattern = strFault.substr(0, nColon);
   const std::string strError = strFault.substr(nColon + 1);
   const std::string::size_type nSlash = strPath.rfind('/');
-  if (strPath.substr(nSlash == std::string::npos ? 0 : nSlash + 1) != strName) return 0;
+  const bool bWholePath = strPattern.find('/') != std::string::npos;
+  const std::string strSubject = bWholePath || nSlash == std::string::npos ? strPath : strPath.substr(nSlash + 1);
+  if (fnmatch(strPattern.c_str(), strSubject.c_str(), 0) != 0) return 0;
   if (strError == "EACCES") return EACCES;
   if (strError == "ENOSPC") return ENOSPC;
   if (strError == "EIO") return EIO;

@@ -6,10 +6,11 @@
 // its end, and so stops it once at every step at which a crash could leave
 // something behind.
 //
-// With KTL_FAULT_OPEN=NAME:ERROR, where ERROR is EACCES, ENOSPC or EIO, every
-// opening of a file called NAME (its last path component) fails with that
+// With KTL_FAULT_OPEN=PATTERN:ERROR, where ERROR is EACCES, ENOSPC or EIO,
+// every opening or creation of a file that PATTERN matches fails with that
 // error, as a changed permission or a full disk would make it fail, even
-// for root.
+// for root. PATTERN is a shell pattern (fnmatch) for the file's name, or
+// for its whole path when it holds a "/": "audit.log", "*/tmp/ktl-cmd-*".
 #ifndef KTL_DEVHOST_FAULT_INJECTION_H
 #define KTL_DEVHOST_FAULT_INJECTION_H
 
@@ -21,7 +22,8 @@ namespace devhost {
 // N-th. Does nothing when the switch is not set.
 void BeforeFileChange();
 
-// The error that opening strPath is to fail with, or 0.
+// The error that opening or creating strPath (for a temporary file, its
+// mkstemp template) is to fail with, or 0.
 int InjectedOpenError(const std::string& strPath);
 
 }  // namespace devhost

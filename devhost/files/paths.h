@@ -20,8 +20,9 @@
 //   TMPDIR             where command output files are created; default /tmp
 //   KTL_FAULT_KILL_AT  for tests only: kill the process before its N-th file
 //                      change (devhost/files/fault_injection.h); default 0, off
-//   KTL_FAULT_OPEN     for tests only: NAME:ERROR makes opening a file called
-//                      NAME fail with ERROR (devhost/files/fault_injection.h)
+//   KTL_FAULT_OPEN     for tests only: PATTERN:ERROR makes opening a file that
+//                      PATTERN matches fail with ERROR
+//                      (devhost/files/fault_injection.h)
 //
 // The KTL_* variables are development and test switches. A set-user-ID or
 // set-group-ID process ignores the whole environment here.

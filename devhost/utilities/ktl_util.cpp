@@ -20,6 +20,7 @@
 #include <iostream>
 #include <vector>
 
+#include "devhost/files/fault_injection.h"
 #include "devhost/files/leftovers.h"
 #include "devhost/files/paths.h"
 #include "devhost/utilities/format.h"
@@ -57,6 +58,12 @@ int CreateOutputFile(const std::string& strDir, std::string& strPath) {
   const std::string strTemplate = strDir + "/" + devhost::TempFileTemplate(kOutputFilePrefix);
   std::vector<char> path(strTemplate.begin(), strTemplate.end());
   path.push_back('\0');
+  strPath = strTemplate;
+  const int nInjected = devhost::InjectedOpenError(strTemplate);
+  if (nInjected != 0) {
+    errno = nInjected;
+    return -1;
+  }
   // Mode 0600: the output may tell what is mounted where.
   const int fd = mkostemp(path.data(), O_CLOEXEC);
   strPath = path.data();

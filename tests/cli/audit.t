@@ -103,10 +103,13 @@ A command ended by a signal, at its question or while it prints, still
 leaves its line, naming the signal:
 
   $ ktl-cli logger -syslogoutput on > /dev/null
-  $ timeout -s TERM 1 ktl-cli logger -save < <(sleep 5) > /dev/null
-  [124]
-  $ timeout -s HUP 1 ktl-cli logger -discard < <(sleep 5) > /dev/null
-  [124]
+  $ mkfifo answers && exec 4<>answers
+  $ asked() { until grep -q 'y/n' question 2>/dev/null; do sleep 0.1; done; }
+  $ ktl-cli logger -save < answers > question & asked; kill -TERM $!; wait $! 2> /dev/null
+  [143]
+  $ rm question; ktl-cli logger -discard < answers > question & asked; kill -HUP $!; wait $! 2> /dev/null
+  [129]
+  $ exec 4>&-
   $ python3 -c 'import os, subprocess; r, w = os.pipe(); os.close(r); subprocess.run(["ktl-cli", "logger", "-confirm", "cur"], stdout=w)'
   $ tail -3 ~/.local/state/ktl-cli/audit.log | cut -d' ' -f4-
   status=SIGTERM logger -save

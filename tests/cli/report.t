@@ -81,7 +81,7 @@ A report template that cannot be loaded is named:
   [1]
   $ printf '{{=<< >>=}}' > deep/logger.mustache
   $ printf '%.0s<<#Deep>>' $(seq 20000) >> deep/logger.mustache
-  $ KTL_TEMPLATE_DIR=$PWD/deep ktl-cli logger -confirm cur 2>&1 | head -1
+  $ KTL_TEMPLATE_DIR=$PWD/deep ktl-cli logger -confirm cur 2>&1 | sed -n 1p
   ktl-cli: refusing the template */deep/logger.mustache: its sections nest more than 100 deep (glob)
   $ printf '%.0s{{#Deep}}' $(seq 100) > deep/logger.mustache
   $ printf '%.0s{{/Deep}}' $(seq 100) >> deep/logger.mustache

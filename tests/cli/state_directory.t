@@ -54,7 +54,7 @@ so a link planted in place of a file cannot make ktl-cli write elsewhere:
   $ ktl-cli logger -syslogoutput off
   ktl-cli: the command was not run: its audit record could not be written (cannot open /*/ktl-cli/audit.log: it is a symbolic link, which is not followed) (glob)
   [1]
-  $ ktl-cli logger -confirm cur | head -1
+  $ ktl-cli logger -confirm cur | sed -n 1p
   ktl-cli: warning: this command leaves no audit record: cannot open /*/ktl-cli/audit.log: it is a symbolic link, which is not followed (glob)
   Logger configuration
   $ ls elsewhere
@@ -79,7 +79,7 @@ audit record:
   $ timeout 10 ktl-cli logger -syslogoutput off
   ktl-cli: the command was not run: its audit record could not be written (refusing /*/ktl-cli/audit.log: it is a FIFO, not a regular file) (glob)
   [1]
-  $ timeout 10 ktl-cli logger -confirm cur | head -1
+  $ timeout 10 ktl-cli logger -confirm cur | sed -n 1p
   ktl-cli: warning: this command leaves no audit record: refusing /*/ktl-cli/audit.log: it is a FIFO, not a regular file (glob)
   Logger configuration
   $ rm $state/audit.log && mv audit.log.saved $state/audit.log
@@ -98,19 +98,19 @@ audit record:
   ktl-cli: refusing /*/ktl-cli/logger.edit.ini: it is a FIFO, not a regular file (glob)
   exit 1
   $ mkdir templates && mkfifo templates/logger.mustache
-  $ KTL_TEMPLATE_DIR=$PWD/templates timeout 10 ktl-cli logger -confirm cur 2>&1 | head -1
+  $ KTL_TEMPLATE_DIR=$PWD/templates timeout 10 ktl-cli logger -confirm cur 2>&1 | sed -n 1p
   ktl-cli: cannot read the template /*/templates/logger.mustache: refusing /*/templates/logger.mustache: it is a FIFO, not a regular file (glob)
 
 The trace file may be a regular file or a character device such as
 /dev/null; a FIFO there, read or not, only drops the trace:
 
   $ mkfifo trace.fifo
-  $ KTL_TRACE_MASK=31 KTL_TRACE_FILE=$PWD/trace.fifo timeout 10 ktl-cli logger -confirm cur | head -1
+  $ KTL_TRACE_MASK=31 KTL_TRACE_FILE=$PWD/trace.fifo timeout 10 ktl-cli logger -confirm cur | sed -n 1p
   Logger configuration
   $ (timeout 10 cat trace.fifo &) && sleep 0.2
-  $ KTL_TRACE_MASK=31 KTL_TRACE_FILE=$PWD/trace.fifo timeout 10 ktl-cli logger -confirm cur | head -1
+  $ KTL_TRACE_MASK=31 KTL_TRACE_FILE=$PWD/trace.fifo timeout 10 ktl-cli logger -confirm cur | sed -n 1p
   Logger configuration
-  $ KTL_TRACE_MASK=31 KTL_TRACE_FILE=/dev/null timeout 10 ktl-cli logger -confirm cur | head -1
+  $ KTL_TRACE_MASK=31 KTL_TRACE_FILE=/dev/null timeout 10 ktl-cli logger -confirm cur | sed -n 1p
   Logger configuration
 
 Every directory above the state directory, up to /, must belong to root or
@@ -124,7 +124,7 @@ directories above its keys:
   [1]
   $ ls -A open
   $ chmod +t open
-  $ KTL_STATE_DIR=$PWD/open/state ktl-cli logger -confirm cur | head -1
+  $ KTL_STATE_DIR=$PWD/open/state ktl-cli logger -confirm cur | sed -n 1p
   Logger configuration
   $ chmod -t open
   $ KTL_STATE_DIR=$PWD/open/state ktl-cli logger -confirm cur
@@ -137,7 +137,7 @@ directories above its keys:
 
 A relative XDG_STATE_HOME is not valid and is ignored, as the XDG rules say:
 
-  $ XDG_STATE_HOME=relative ktl-cli logger -confirm cur | head -1
+  $ XDG_STATE_HOME=relative ktl-cli logger -confirm cur | sed -n 1p
   Logger configuration
   $ ls relative
   ls: cannot access 'relative': No such file or directory
