@@ -16,6 +16,7 @@
 #include "devhost/messages/question_outcome.h"
 #include "devhost/service/pending_edits.h"
 #include "devhost/utilities/refusal_reasons.h"
+#include "devhost/utilities/terminal_text.h"
 #include "host/command.h"
 #include "host/trace_utility.h"
 
@@ -91,15 +92,17 @@ int LoadAndRun(const std::string& strCommand, const std::vector<std::string>& ve
   CPluginLibrary plugin;
   const std::string strPath = devhost::PluginDir() + "/libktl_cli-" + strCommand + ".so";
   if (!plugin.Open(strPath)) {
-    std::cerr << "ktl-cli: cannot load the plug-in of command \"" << strCommand << "\" (" << strPath
-              << "): " << DlError() << std::endl;
+    // The name and the path come from the command line and the environment:
+    // escaped, they cannot drive the terminal.
+    std::cerr << "ktl-cli: cannot load the plug-in of command \"" << EscapeControlBytes(strCommand) << "\" ("
+              << EscapeControlBytes(strPath) << "): " << EscapeControlBytes(DlError()) << std::endl;
     return kExitPluginUnavailable;
   }
   const std::string strFactory = kFactoryPrefix + strCommand;
   const CommandFactory factory = plugin.Factory(strFactory);
   if (factory == nullptr) {
-    std::cerr << "ktl-cli: the plug-in " << strPath << " has no factory " << strFactory << ": " << DlError()
-              << std::endl;
+    std::cerr << "ktl-cli: the plug-in " << EscapeControlBytes(strPath) << " has no factory "
+              << EscapeControlBytes(strFactory) << ": " << EscapeControlBytes(DlError()) << std::endl;
     return kExitPluginUnavailable;
   }
 
@@ -109,7 +112,7 @@ int LoadAndRun(const std::string& strCommand, const std::vector<std::string>& ve
     devhost::CCommandLock lock;
     std::string strError;
     if (!lock.Acquire(strError)) {
-      std::cerr << "ktl-cli: " << strError << std::endl;
+      std::cerr << "ktl-cli: " << EscapeControlBytes(strError) << std::endl;
       return kExitCommandFailed;
     }
     std::unique_ptr<CCommand> pCommand(factory());

@@ -16,6 +16,7 @@
 
 #include "devhost/cli/drive_command.h"
 #include "devhost/cli/shell_loader.h"
+#include "devhost/cli/standard_descriptors.h"
 #include "devhost/cli/standard_output.h"
 #include "devhost/command/interrupt.h"
 #include "devhost/compare/compare_command.h"
@@ -23,6 +24,7 @@
 #include "devhost/help/command_description.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
+#include "devhost/utilities/terminal_text.h"
 #include "devhost/utilities/trace_echo.h"
 
 namespace {
@@ -128,7 +130,8 @@ int RunWords(const std::vector<std::string>& vecWords, devhost::Place ePlace) {
     return devhost::ShowHelp({strCommand}, ePlace, std::cout, std::cerr);
   }
   if (!devhost::isValidCommandName(strCommand)) {
-    std::cerr << "ktl-cli: not a command name: " << strCommand << " (see ktl-cli --help)" << std::endl;
+    std::cerr << "ktl-cli: not a command name: " << devhost::EscapeControlBytes(strCommand) << " (see ktl-cli --help)"
+              << std::endl;
     return kExitUsage;
   }
   // A word that names no plug-in is a typing error, not a loading failure.
@@ -149,6 +152,7 @@ bool isVerboseSwitch(const std::string& strWord) { return strWord == "-v" || str
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (!devhost::FillClosedStandardDescriptors()) return devhost::kExitCommandFailed;
   devhost::StandardOutput().Install();
   std::vector<std::string> vecWords(argv + 1, argv + argc);
   // Only before the command name: after it, "-v" is one of its words.

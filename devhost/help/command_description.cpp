@@ -9,9 +9,9 @@
 #include <algorithm>
 #include <boost/property_tree/ini_parser.hpp>
 #include <boost/property_tree/ptree.hpp>
-#include <fstream>
 #include <sstream>
 
+#include "devhost/files/ini_store.h"
 #include "devhost/files/paths.h"
 #include "host/profile.h"
 
@@ -94,6 +94,7 @@ bool ReadForm(const Tree& tree, const std::string& strName, CFormDescription& fo
   const Tree* pSection = nullptr;
   if (!Section(tree, "form " + strName, pSection, strFile, strError)) return false;
   form.strSummary = Value(*pSection, "summary");
+  form.bReadOnly = Value(*pSection, "read_only") == "yes";
   for (const std::string& strWord : SplitWords(Value(*pSection, "options"))) {
     COptionDescription option;
     if (!ReadOption(tree, strName, strWord, option, strFile, strError)) return false;
@@ -132,13 +133,15 @@ std::string CommandDescriptionFile(const std::string& strCommand) {
 
 bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& description, std::string& strError) {
   const std::string strFile = CommandDescriptionFile(strCommand);
-  std::ifstream in(strFile);
-  if (!in) {
-    strError = strFile + ": cannot be read";
+  std::string strText;
+  const IniRead eRead = ReadTextFile(strFile, strText, strError);
+  if (eRead != IniRead::kOk) {
+    if (eRead == IniRead::kMissing) strError = strFile + ": cannot be read";
     return false;
   }
   Tree tree;
   try {
+    std::istringstream in(strText);
     boost::property_tree::read_ini(in, tree);
     description = CCommandDescription();
     description.strCommand = strCommand;
@@ -156,6 +159,16 @@ bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& 
     strError = strFile + ":" + std::to_string(e.line()) + ": " + e.message();
     return false;
   }
+}
+
+bool isReadOnlyForm(const std::string& strCommand, const std::string& strFirstOption) {
+  CCommandDescription description;
+  std::string strIgnored;
+  if (!ReadCommandDescription(strCommand, description, strIgnored)) return false;
+  for (const CFormDescription& form : description.vecForms) {
+    if (form.vecOptions.front().strName == strFirstOption) return form.bReadOnly;
+  }
+  return false;
 }
 
 std::vector<std::string> InstalledCommands() {

@@ -10,6 +10,9 @@
 //   [form NAME]                  one per form
 //   options = the form's options in command-line order; [-x] is optional
 //   summary = what the form does
+//   read_only = yes              the form only looks: it may run without an
+//                                audit record when the audit log cannot be
+//                                written (devhost/command/audit_log.h)
 //
 //   [NAME -option]               one per option of a form
 //   values   = a|b|c             a value from this set, in any case
@@ -66,6 +69,7 @@ struct COptionDescription {
 struct CFormDescription {
   std::string strName;
   std::string strSummary;
+  bool bReadOnly = false;
   std::vector<COptionDescription> vecOptions;  // command-line order; [0] selects the form
 };
 
@@ -90,6 +94,11 @@ std::string CommandDescriptionFile(const std::string& strCommand);
 // Reads the description of strCommand. On failure returns false and says why
 // in strError (the file, and the line or the name that is wrong).
 bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& description, std::string& strError);
+
+// True when the form of strCommand that strFirstOption selects is marked
+// read-only. False for an unknown form and when the description cannot be
+// read: a command is taken to change something unless it is known not to.
+bool isReadOnlyForm(const std::string& strCommand, const std::string& strFirstOption);
 
 // The commands installed in the plug-in directory, sorted by name.
 std::vector<std::string> InstalledCommands();

@@ -166,7 +166,8 @@ int ShowHelp(const std::vector<std::string>& vecTopics, Place ePlace, std::ostre
   CCommandDescription description;
   std::string strError;
   if (!ReadCommandDescription(strCommand, description, strError)) {
-    err << "ktl-cli: no help for command \"" << strCommand << "\": " << strError << std::endl;
+    err << "ktl-cli: no help for command \"" << EscapeControlBytes(strCommand) << "\": " << EscapeControlBytes(strError)
+        << std::endl;
     return kExitUsage;
   }
   ShowCommand(description, out);

@@ -10,6 +10,7 @@
 #include <iostream>
 #include <memory>
 
+#include "devhost/shell/history_path.h"
 #include "devhost/shell/leave_question.h"
 #include "devhost/shell/line_keys.h"
 #include "devhost/shell/own_pending_edits.h"
@@ -18,16 +19,10 @@ namespace {
 
 const char kPrompt[] = "ktl> ";
 const char kPendingPrompt[] = "ktl [pending]> ";
-const char kHistoryFile[] = ".ktl_history";
 const int kHistorySize = 1000;
 const char* const kLeaveWords[] = {"exit", "quit"};
 const char kListWord[] = "?";
 const int kExitUsage = 2;
-
-std::string HistoryPath() {
-  const char* pszHome = std::getenv("HOME");
-  return pszHome != nullptr && pszHome[0] != '\0' ? std::string(pszHome) + "/" + kHistoryFile : std::string();
-}
 
 struct TokenizerDeleter {
   void operator()(Tokenizer* pTokenizer) const { tok_end(pTokenizer); }
@@ -78,7 +73,7 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
   HistEvent event;
   history(historyList.get(), &event, H_SETSIZE, kHistorySize);
   history(historyList.get(), &event, H_SETUNIQUE, 1);
-  const std::string strHistory = HistoryPath();
+  const std::string strHistory = devhost::HistoryPath();
   if (!strHistory.empty()) history(historyList.get(), &event, H_LOAD, strHistory.c_str());
 
   EditLine* pEditLine = editLine.get();

@@ -203,3 +203,11 @@ Without a terminal there is no shell: ktl-cli says how it is used.
   $ ktl-cli < /dev/null > usage 2>&1; echo "status $?"; head -1 usage
   status 2
   Usage: ktl-cli [-v] COMMAND [WORD...]
+
+Something other than a file at ~/.ktl_history, a FIFO say, is left alone:
+the shell keeps no history rather than wait on it.
+
+  $ rm ~/.ktl_history && mkfifo ~/.ktl_history
+  $ printf 'exit\n' | "$TESTDIR/shell-session.sh"
+  ktl-cli: no history is kept: /*/.ktl_history is not a regular file (glob)
+  ktl> exit
