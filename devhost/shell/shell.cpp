@@ -81,8 +81,10 @@ unsigned char Complete(EditLine* pEditLine, int) {
   }
   std::string strList = "\n";
   for (const std::string& strCandidate : vecCandidates) strList += strCandidate + "  ";
-  std::fprintf(stdout, "%s\n", strList.c_str());
-  std::fflush(stdout);
+  // The candidates go to the terminal being edited; a failed write there has
+  // nowhere else to be reported, and libedit redraws the line anyway.
+  std::fprintf(stdout, "%s\n", strList.c_str());  // NOLINT(cert-err33-c)
+  std::fflush(stdout);                            // NOLINT(cert-err33-c)
   return CC_REDISPLAY;
 }
 
@@ -144,7 +146,7 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
       continue;
     }
     if (pszLine == nullptr || nCount <= 0) {  // Ctrl-D on an empty line, or the end of input
-      std::fputs("\n", stdout);
+      std::fputs("\n", stdout);               // NOLINT(cert-err33-c): the shell ends; only the prompt's line is closed
       break;
     }
     int nArgc = 0;
@@ -161,7 +163,7 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
     if (!strHistory.empty()) history(historyList.get(), &event, H_SAVE, strHistory.c_str());
     const std::vector<std::string> vecWords(ppszArgv, ppszArgv + nArgc);
     if (vecWords.size() == 1 && vecWords.front() == kExitWord) break;
-    std::fflush(stdout);
+    std::fflush(stdout);  // NOLINT(cert-err33-c): only orders the shell's output before the command's
     const int nStatus = pfnRunWords(vecWords);
     std::cout.flush();
     if (nStatus != 0) std::cerr << "exit status " << nStatus << std::endl;

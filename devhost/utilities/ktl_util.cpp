@@ -22,8 +22,6 @@
 #include "devhost/files/paths.h"
 #include "devhost/utilities/format.h"
 
-extern char** environ;
-
 namespace {
 
 const char kMountCommand[] = "/bin/mount";
@@ -53,6 +51,7 @@ void RunShellCommand(const std::string& strCommand, int fdOutput) {
 // Returns the output file's path, which the caller reads and removes. When no
 // file can be created, the path returned names no file, so the caller's open
 // fails and it reports the failure.
+// NOLINTNEXTLINE(cert-dcl50-cpp): the binary contract declares ExecSystemCmd with a printf-style format.
 std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   va_list args;
   va_start(args, pszFormat);
@@ -63,7 +62,7 @@ std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   const std::string strDir = devhost::TempDir();
   // Output files of commands killed before their caller removed them.
   devhost::RemoveLeftovers(strDir, kOutputFilePrefix, true);
-  const std::string strTemplate = strDir + "/" + devhost::TempFileTemplate(kOutputFilePrefix);
+  std::string strTemplate = strDir + "/" + devhost::TempFileTemplate(kOutputFilePrefix);
   std::vector<char> path(strTemplate.begin(), strTemplate.end());
   path.push_back('\0');
   // Mode 0600: the output may tell what is mounted where.
