@@ -38,6 +38,7 @@ int NextEntryNumber(const std::string& strLast) {
 
 std::string EntrySection(int nNumber) {
   char szSection[32];
+  // NOLINTNEXTLINE(cert-err33-c): the prefix and any int fit in the buffer.
   std::snprintf(szSection, sizeof(szSection), "%s%d", kEntrySectionPrefix, nNumber);
   return szSection;
 }

@@ -59,6 +59,7 @@ std::string FormatFsName(const std::string& strMount) {
     strShown = kEllipsis + strMount.substr(nStart);
   }
   char szName[kFsNameBufferSize];
+  // NOLINTNEXTLINE(cert-err33-c): the name was cut above to fit the buffer.
   std::snprintf(szName, sizeof(szName), "%-22s", strShown.c_str());
   return szName;
 }

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Builds the Debian packages, checks their contents, installs them on this
-# machine, runs the installed ktl-cli once, and removes them again.
+# Builds the Debian packages, checks their contents and control fields, has
+# lintian inspect them, installs them on this machine, runs the installed
+# ktl-cli once, and removes them again.
 #   scripts/check-packages.sh [BUILD_DIR]     (default: build-package/)
 # The build is the "package" preset: Release, no tests, the installed paths.
 # Needs root for dpkg -i; the machine is left as it was, also on failure.
@@ -51,13 +52,19 @@ expect_paths "$host_deb" \
   /usr/lib/ktl-cli/libktl_shell.so \
   /opt/velmora/ktl/cli/plugins/logger.command.ini \
   /opt/velmora/ktl/cli/plugins/logger.reasons.ini \
-  /usr/share/man/man1/ktl-cli.1 \
-  /usr/share/man/man1/ktl-cli-logger.1 \
+  /usr/share/man/man1/ktl-cli.1.gz \
+  /usr/share/man/man1/ktl-cli-logger.1.gz \
   /usr/share/bash-completion/completions/ktl-cli
 dpkg-deb -f "$logger_deb" Package >/dev/null
 [ "$(dpkg-deb --ctrl-tarfile "$logger_deb" | tar -xO ./conffiles)" = /opt/velmora/ktl/cli/LoggerParams.ini ] ||
   fail "LoggerParams.ini is not a conffile"
 dpkg-deb -f "$host_deb" Depends | grep -q 'ktl-cli-logger' || fail "ktl-cli-host does not depend on ktl-cli-logger"
+bash "$top/scripts/check-package-policy.sh" "$logger_deb" "$host_deb"
+# dpkg-shlibdeps states the plug-in's dependencies here; the cross packages
+# state them from the module's symbol versions. Both must agree.
+stated=$(bash "$top/scripts/runtime-depends.sh" "$build_dir/plugins/libktl_cli-logger.so")
+[ "$(dpkg-deb -f "$logger_deb" Depends)" = "$stated" ] ||
+  fail "dpkg-shlibdeps gives $(dpkg-deb -f "$logger_deb" Depends), runtime-depends.sh $stated"
 
 echo "== install and run"
 state_dir=$(mktemp -d)

@@ -15,6 +15,10 @@ packages=(
   googletest libgtest-dev libgmock-dev
   clang libclang-rt-dev      # sanitizer and fuzzer runtimes
   clang-format               # scripts/check-format.sh
+  clang-tidy                 # scripts/clang-tidy.sh
+  g++-11                     # the plug-in built with GCC 11 (preset gcc11)
+  gcovr                      # scripts/coverage.sh
+  lintian                    # the packages as Debian checks them (scripts/check-package-policy.sh)
   valgrind
   libbenchmark-dev hyperfine crudini   # benchmarks (bench/)
   abigail-tools              # abidw / abidiff: the binary contract guard

@@ -1,20 +1,26 @@
 #!/usr/bin/env bash
-# Sets up the machine, then builds and runs every test: once with warnings as
-# errors (and the end-to-end ktl-cli runs again under valgrind's memcheck),
-# once more under AddressSanitizer and UndefinedBehaviorSanitizer, once with
-# the older std::string ABI and once cross-built for armhf under qemu-arm,
-# each build's module checked with check-plugin.sh; then the guards: a minute
-# of fuzzing, the binary contract against abi/, and the Debian packages
-# (built, installed, run and removed, which needs root; the armhf ones built
-# and inspected). The C++ files must match .clang-format first. Each build is
-# a preset of CMakePresets.json.
+# Sets up the machine, then builds with warnings as errors and runs every
+# test: with coverage counters (coverage per folder, with floors; this run
+# stands for the default build's, whose end-to-end ktl-cli runs go under
+# valgrind's memcheck), under AddressSanitizer and UndefinedBehaviorSanitizer,
+# with the older std::string ABI and cross-built for armhf under qemu-arm,
+# each build's module checked with check-plugin.sh; the plug-in alone with
+# GCC 11 (and its own tests) and with clang; then the guards: a minute of fuzzing, the
+# binary contract against abi/, and the Debian packages (built, inspected by
+# lintian, installed, run and removed, which needs root; the armhf and arm64
+# plug-in packages built and inspected). The C++ files must match
+# .clang-format first; clang-tidy checks the product code in the background
+# from the default build on and is waited for at the end. Each build is a
+# preset of CMakePresets.json.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 cd "$top"
 
 # Announces a step with the minutes and seconds since the start.
 step() { printf '== [%02d:%02d] %s\n' $((SECONDS / 60)) $((SECONDS % 60)) "$*"; }
-trap 'step "done (exit status $?)"' EXIT
+# A step that fails also ends the background clang-tidy (its own session).
+tidy_pid=
+trap 'status=$?; [ -z "$tidy_pid" ] || kill -- "-$tidy_pid" 2>/dev/null || true; step "done (exit status $status)"' EXIT
 
 bash scripts/setup.sh
 bash scripts/setup.sh --cross
@@ -30,8 +36,18 @@ build_and_test() {
 step "formatting (.clang-format)"
 bash scripts/check-format.sh
 
-step "build and test"
-build_and_test default
+step "build with warnings as errors"
+bash scripts/build.sh default
+bash scripts/check-plugin.sh "$top/build"
+
+# clang-tidy needs only the default build's compile database and one core;
+# it runs beside the steps below, which leave a core idle now and then.
+tidy_log=$top/build/clang-tidy.log
+KTL_TIDY_JOBS=1 setsid bash scripts/clang-tidy.sh "$top/build" >"$tidy_log" 2>&1 &
+tidy_pid=$!
+
+step "every test with coverage counters, coverage per folder"
+bash scripts/coverage.sh "$top/build-coverage"
 
 step "end-to-end ktl-cli runs under valgrind memcheck"
 bash scripts/valgrind-e2e.sh "$top/build"
@@ -45,6 +61,11 @@ build_and_test old-abi
 step "build for armhf and test under qemu-arm"
 build_and_test armhf
 
+step "the plug-in with GCC 11 (and its tests) and with clang, C++11, warnings as errors"
+build_and_test gcc11
+bash scripts/build.sh clang
+bash scripts/check-plugin.sh "$top/build-clang" >/dev/null
+
 step "fuzz the whole protocol for ${KTL_FUZZ_SECONDS:-60} s"
 bash scripts/fuzz.sh "${KTL_FUZZ_SECONDS:-60}"
 
@@ -56,3 +77,17 @@ done
 step "packages"
 bash scripts/check-packages.sh "$top/build-package"
 bash scripts/check-cross-package.sh "$top/build-armhf" armhf
+# The aarch64 variant is built here for its package and contract only.
+cmake --preset aarch64 >/dev/null
+bash scripts/check-cross-package.sh "$top/build-aarch64" arm64
+bash scripts/check-abi.sh aarch64
+
+step "static analysis (clang-tidy, started after the first build)"
+tidy_status=0
+wait "$tidy_pid" || tidy_status=$?
+tidy_pid=
+if [ "$tidy_status" -ne 0 ]; then
+  cat "$tidy_log"
+  exit 1
+fi
+tail -n 1 "$tidy_log"

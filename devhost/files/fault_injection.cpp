@@ -12,7 +12,7 @@ namespace devhost {
 void BeforeFileChange() {
   static const unsigned long nKillAt = FaultKillAt();
   static unsigned long nChanges = 0;
-  if (nKillAt != 0 && ++nChanges == nKillAt) raise(SIGKILL);
+  if (nKillAt != 0 && ++nChanges == nKillAt) raise(SIGKILL);  // NOLINT(cert-err33-c): SIGKILL does not return
 }
 
 int InjectedOpenError(const std::string& strPath) {

@@ -20,12 +20,12 @@ std::string EnvOr(const char* pszName, const std::string& strDefault) {
   return strValue.empty() ? strDefault : strValue;
 }
 
-const std::string kDataDir = KTL_HOST_DEFAULT_DATA_DIR;
+const char kDataDir[] = KTL_HOST_DEFAULT_DATA_DIR;
 
 }  // namespace
 
 std::string StateDir() {
-  const std::string strExplicit = Env("KTL_STATE_DIR");
+  std::string strExplicit = Env("KTL_STATE_DIR");
   if (!strExplicit.empty()) return strExplicit;
   // A relative XDG_STATE_HOME is invalid and ignored, as the XDG Base
   // Directory rules say: it would put the state wherever the command runs.
@@ -36,9 +36,9 @@ std::string StateDir() {
 }
 
 std::string PluginDir() { return EnvOr("KTL_PLUGIN_DIR", KTL_HOST_DEFAULT_PLUGIN_DIR); }
-std::string TemplateDir() { return EnvOr("KTL_TEMPLATE_DIR", kDataDir + "/templates"); }
-std::string CatalogueFile() { return EnvOr("KTL_CATALOGUE", kDataDir + "/catalogue/messages.ini"); }
-std::string DefaultConfFile() { return EnvOr("KTL_DEFAULT_CONF", kDataDir + "/default/logger.ini"); }
+std::string TemplateDir() { return EnvOr("KTL_TEMPLATE_DIR", std::string(kDataDir) + "/templates"); }
+std::string CatalogueFile() { return EnvOr("KTL_CATALOGUE", std::string(kDataDir) + "/catalogue/messages.ini"); }
+std::string DefaultConfFile() { return EnvOr("KTL_DEFAULT_CONF", std::string(kDataDir) + "/default/logger.ini"); }
 
 std::string UnderRoot(const std::string& strAbsolutePath) {
   std::string strRoot = Env("KTL_ROOT");

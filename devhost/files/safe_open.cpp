@@ -15,6 +15,7 @@ namespace {
 
 std::string OctalMode(mode_t nMode) {
   char buffer[8];
+  // NOLINTNEXTLINE(cert-err33-c): four octal digits always fit.
   std::snprintf(buffer, sizeof buffer, "%04o", static_cast<unsigned>(nMode & 07777));
   return buffer;
 }

@@ -93,7 +93,7 @@ bool ReadProcessStat(int nProcessId, CProcessStat& stat) {
     pszField = std::strchr(pszField, ' ');
     if (!pszField) return false;
     ++pszField;
-    if (nField == 4) stat.nParent = std::atoi(pszField);
+    if (nField == 4) stat.nParent = static_cast<int>(std::strtol(pszField, nullptr, 10));
   }
   stat.nStartTime = std::strtoull(pszField, nullptr, 10);
   return true;

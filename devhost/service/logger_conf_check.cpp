@@ -7,8 +7,6 @@ namespace {
 
 using namespace conf_keys;
 
-const int kMaxEntryNumber = 9999;
-
 // The keys of the shipped default, section by section.
 const struct {
   const char* pszSection;

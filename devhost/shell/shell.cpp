@@ -93,7 +93,7 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
       continue;
     }
     if (pszLine == nullptr || nCount <= 0) {  // Ctrl-D on an empty line, or the end of input
-      std::fputs("\n", stdout);
+      std::fputs("\n", stdout);               // NOLINT(cert-err33-c): only the prompt's line is closed
       if (!hasOwnPendingEdits() || AgreesToLeave()) break;
       continue;
     }
@@ -126,7 +126,7 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
       if (!hasOwnPendingEdits() || AgreesToLeave()) break;
       continue;
     }
-    std::fflush(stdout);
+    std::fflush(stdout);  // NOLINT(cert-err33-c): only orders the shell's output before the command's
     const int nStatus = pfnRunWords(vecWords);
     std::cout.flush();
     if (nStatus != 0) std::cerr << "exit status " << nStatus << std::endl;

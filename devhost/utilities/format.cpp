@@ -16,6 +16,7 @@ std::string FormatV(const char* pszFormat, va_list args) {
   std::vector<char> buffer(static_cast<size_t>(nLength) + 1);
   va_list fill;
   va_copy(fill, args);
+  // NOLINTNEXTLINE(cert-err33-c): the buffer has the length the first call measured.
   std::vsnprintf(buffer.data(), buffer.size(), pszFormat, fill);
   va_end(fill);
 #pragma GCC diagnostic pop

@@ -26,8 +26,6 @@
 #include "devhost/utilities/format.h"
 #include "devhost/utilities/terminal_text.h"
 
-extern char** environ;
-
 namespace {
 
 const char kMountCommand[] = "/bin/mount";
@@ -77,6 +75,7 @@ int CreateOutputFile(const std::string& strDir, std::string& strPath) {
 // that use mkstemp. When no file can be created there either, that is said
 // on standard error and the path returned names no file, so the caller's
 // open fails and it reports the failure too.
+// NOLINTNEXTLINE(cert-dcl50-cpp): the binary contract declares ExecSystemCmd with a printf-style format.
 std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   va_list args;
   va_start(args, pszFormat);

@@ -53,6 +53,7 @@ void AppendTraceLine(const char* pszModule, unsigned nLevel, const char* pszForm
 
 }  // namespace
 
+// NOLINTNEXTLINE(cert-dcl50-cpp): the binary contract declares WriteDebug with a printf-style format.
 void CTraceUtility::WriteDebug(const char* pszModule, TRACE_DBG_LEVEL eLevel, const char* pszFormat, ...) {
   const int nSavedErrno = errno;
   va_list args;
