@@ -38,8 +38,12 @@ status=0
   --gtest_filter='Logger*:-LoggerKillTest.*:LoggerConcurrencyTest.EditsStartedAtOnce*' \
   || status=$?
 # cli.waiting is left out: it times a command waiting for another, and
-# valgrind's start-up alone takes longer than the waits it measures.
-(cd "$build_dir" && ctest -j2 -R '^cli\.' -E '^cli\.waiting$') || status=$?
+# valgrind's start-up alone takes longer than the waits it measures. The
+# sessions of help, completion, reasons and manual pages are left out too:
+# they run the code that reads the command's description and words its
+# texts, hundreds of short runs that would double this step, and the
+# ASan+UBSan run checks that code's memory on every one of them.
+(cd "$build_dir" && ctest -j2 -R '^cli\.' -E '^cli\.(waiting|help|completion|reasons|man)$') || status=$?
 
 shopt -s nullglob
 logs=("$log_dir"/ktl-cli.*.log)

@@ -121,7 +121,7 @@ class CAuditRecord {
 
   void ReleaseEndingSignals() {
     for (std::size_t i = 0; i < sizeof kEndingSignals / sizeof kEndingSignals[0]; ++i) {
-      if (m_bCaught[i]) signal(kEndingSignals[i], SIG_DFL);
+      if (m_bCaught[i]) (void)signal(kEndingSignals[i], SIG_DFL);  // cannot fail for these signals
       m_bCaught[i] = false;
     }
   }
@@ -140,7 +140,7 @@ CAuditRecord& Record() {
 
 void RecordEndingSignal(int nSignal) {
   Record().WriteFromSignal(nSignal);
-  raise(nSignal);
+  (void)raise(nSignal);  // the default action again: the process ends as the signal says
 }
 
 // The real user's name, or the number when the user has no name.

@@ -35,7 +35,7 @@ std::string AncestorProblem(const std::string& strDir) {
   }
   if ((st.st_mode & (S_IWGRP | S_IWOTH)) && !(st.st_mode & S_ISVTX)) {
     char szMode[8];
-    std::snprintf(szMode, sizeof szMode, "%04o", static_cast<unsigned>(st.st_mode & 07777));
+    (void)std::snprintf(szMode, sizeof szMode, "%04o", static_cast<unsigned>(st.st_mode & 07777));
     return std::string("group or others can write it (mode ") + szMode + "; chmod go-w or chmod +t fixes that)";
   }
   return std::string();
@@ -69,7 +69,8 @@ bool isTrustedAncestry(const std::string& strDir, std::string& strError) {
   for (;;) {
     const std::string strProblem = AncestorProblem(strAncestor);
     if (!strProblem.empty()) {
-      strError = "refusing the state directory " + strDir + ": " + strAncestor + " above it is not safe: " + strProblem;
+      strError = "refusing the state directory " + strDir;
+      strError.append(": ").append(strAncestor).append(" above it is not safe: ").append(strProblem);
       return false;
     }
     if (strAncestor == "/") return true;

@@ -52,7 +52,9 @@ bool ReadRule(const std::string& strSection, const Tree& section, size_t nPrefix
     } else if (key.first == "form") {
       rule.strForm = strValue;
     } else {
-      strError = strFile + ": [" + strSection + "] " + key.first + " = " + strValue + " is not understood";
+      strError = strFile;
+      strError.append(": [").append(strSection).append("] ").append(key.first);
+      strError.append(" = ").append(strValue).append(" is not understood");
       return false;
     }
   }
@@ -108,7 +110,8 @@ bool ReadReasonRules(const std::string& strCommand, CReasonRules& rules, std::st
       if (!ReadRule(strName, section.second, nPrefix, rule, strFile, strError)) return false;
       (bTraced ? rules.vecTraced : rules.vecNoted).push_back(rule);
     } else {
-      strError = strFile + ": [" + strName + "] is not a section of reason rules";
+      strError = strFile;
+      strError += ": [" + strName + "] is not a section of reason rules";
       return false;
     }
   }

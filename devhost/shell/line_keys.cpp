@@ -10,6 +10,13 @@
 
 namespace {
 
+// Writes to the terminal being edited, at once. A failed write there has
+// nowhere else to be reported, and libedit redraws the line anyway.
+void ToTerminal(const std::string& strText) {
+  (void)std::fputs(strText.c_str(), stdout);
+  (void)std::fflush(stdout);
+}
+
 using devhost::CNextWord;
 
 struct TokenizerDeleter {
@@ -87,8 +94,7 @@ unsigned char Complete(EditLine* pEditLine, int) {
   if (strCommon.size() > strPrefix.size() && PutWord(pEditLine, strBefore, strPrefix, strCommon)) return CC_REFRESH;
   std::string strList = "\n";
   for (const CNextWord& next : vecNext) strList += devhost::EscapeControlBytes(next.strWord) + "  ";
-  std::fprintf(stdout, "%s\n", strList.c_str());
-  std::fflush(stdout);
+  ToTerminal(strList + "\n");
   return CC_REDISPLAY;
 }
 
@@ -100,7 +106,7 @@ unsigned char ListAtCursor(EditLine* pEditLine, int) {
   if (!WordsBeforeCursor(pEditLine, strBefore, vecBefore, strPrefix)) {
     return el_insertstr(pEditLine, "?") == 0 ? CC_REFRESH : CC_ERROR;
   }
-  std::fputs("\n", stdout);
+  ToTerminal("\n");
   ListNextWords(vecBefore, strPrefix);
   return CC_REDISPLAY;
 }
@@ -139,13 +145,12 @@ void BindLineKeys(EditLine* pEditLine, CLineState* pState) {
 
 void ListNextWords(const std::vector<std::string>& vecBefore, const std::string& strPrefix) {
   const std::vector<CNextWord> vecNext = devhost::NextWords(vecBefore, strPrefix, devhost::Place::kShell);
-  if (vecNext.empty()) std::fputs("  (no word may come next here)\n", stdout);
+  if (vecNext.empty()) ToTerminal("  (no word may come next here)\n");
   size_t nColumn = 0;
   for (const CNextWord& next : vecNext) nColumn = std::max(nColumn, next.strWord.size());
   for (const CNextWord& next : vecNext) {
     std::string strLine = "  " + next.strWord;
     if (!next.strMeaning.empty()) strLine += std::string(nColumn + 2 - next.strWord.size(), ' ') + next.strMeaning;
-    std::fprintf(stdout, "%s\n", devhost::EscapeControlBytes(strLine).c_str());
+    ToTerminal(devhost::EscapeControlBytes(strLine) + "\n");
   }
-  std::fflush(stdout);
 }
