@@ -1,12 +1,10 @@
 #include "devhost/command/audit_log.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
-#include <vector>
 
 #include "devhost/files/fault_injection.h"
 #include "devhost/files/paths.h"
@@ -14,6 +12,7 @@
 #include "devhost/files/state_directory.h"
 #include "devhost/utilities/terminal_text.h"
 #include "devhost/utilities/timestamp.h"
+#include "devhost/utilities/user_name.h"
 
 namespace devhost {
 namespace {
@@ -66,18 +65,6 @@ CAuditRecord& Record() {
   return record;
 }
 
-// The real user's name, or the number when the user has no name.
-std::string UserName() {
-  const uid_t nUid = getuid();
-  struct passwd entry;
-  struct passwd* pFound = nullptr;
-  std::vector<char> buffer(16384);
-  if (getpwuid_r(nUid, &entry, buffer.data(), buffer.size(), &pFound) == 0 && pFound && pFound->pw_name[0] != '\0') {
-    return EscapeControlBytes(pFound->pw_name);
-  }
-  return std::to_string(nUid);
-}
-
 }  // namespace
 
 std::string AuditLogFile() { return StateDir() + "/audit.log"; }
@@ -91,7 +78,7 @@ bool BeginAuditRecord(int nSessionId, const std::string& strCommandLine, std::st
   // Nothing can change in a read-only state directory, so a command there
   // has nothing to account for; one that tries to change something fails.
   if (nFd < 0) return errno == EROFS || errno == EACCES;
-  const std::string strHead = LocalTimestamp() + " user=" + UserName() + " session=" + std::to_string(nSessionId);
+  const std::string strHead = LocalTimestamp() + " user=" + RealUserName() + " session=" + std::to_string(nSessionId);
   Record().Start(nFd, strFile, strHead, EscapeControlBytes(strCommandLine));
   return true;
 }

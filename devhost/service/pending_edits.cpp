@@ -1,6 +1,8 @@
 #include "devhost/service/pending_edits.h"
 
+#include "devhost/files/command_lock.h"
 #include "devhost/service/logger_conf_check.h"
+#include "devhost/utilities/timestamp.h"
 
 namespace devhost {
 
@@ -15,6 +17,8 @@ bool CPendingEdits::Refresh(const std::string& strPendingFile, std::string& strE
   const IniRead eRead = ReadTextFile(strPendingFile, strText, strError);
   if (eRead == IniRead::kError) return false;
   m_strPath = strPendingFile;
+  m_nReadHolding = CommandLockHolding();
+  m_eOwnerLiveness = Liveness::kUnknown;
   m_eDiskRead = eRead;
   m_strDiskText = strText;
   m_strParseError.clear();
@@ -39,14 +43,22 @@ bool CPendingEdits::Tree(IniTree& tree, std::string& strError) const {
 
 PendingOwner CPendingEdits::OwnerFor(int nSession) const {
   if (!m_bHasEdits) return PendingOwner::kNone;
-  if (m_owner.nSession == 0 || !isLive(m_owner)) return PendingOwner::kAbandoned;
-  return m_owner.nSession == nSession ? PendingOwner::kSession : PendingOwner::kOther;
+  if (m_owner.nSession == 0) return PendingOwner::kAbandoned;
+  // The command's own session runs: its leader started this command.
+  if (isSameSession(m_owner, RecordOfSession(nSession))) return PendingOwner::kSession;
+  if (m_eOwnerLiveness == Liveness::kUnknown) m_eOwnerLiveness = isLive(m_owner) ? Liveness::kLive : Liveness::kEnded;
+  return m_eOwnerLiveness == Liveness::kEnded ? PendingOwner::kAbandoned : PendingOwner::kOther;
 }
 
 void CPendingEdits::Replace(const IniTree& tree, int nSession) {
   m_tree = tree;
   m_strParseError.clear();
-  if (m_owner.nSession != nSession) m_owner = RecordOfSession(nSession);
+  // A takeover records the new owner whole, even when it has the old one's id.
+  const CSessionRecord owner = RecordOfSession(nSession);
+  if (!isSameSession(m_owner, owner)) {
+    m_owner = owner;
+    m_owner.strSince = LocalTimestamp();
+  }
   PutSessionRecord(m_tree, m_owner);
   m_bHasEdits = true;
   m_eChange = Change::kReplace;
@@ -59,7 +71,7 @@ void CPendingEdits::Remove() {
   m_eChange = Change::kRemove;
 }
 
-bool CPendingEdits::Commit(const std::string& strLockFile, std::string& strError) {
+bool CPendingEdits::Commit(std::string& strError) {
   const CPendingEdits edits = *this;
   Forget();
   if (edits.m_eChange == Change::kNone) return !edits.m_bFailed;
@@ -67,16 +79,17 @@ bool CPendingEdits::Commit(const std::string& strLockFile, std::string& strError
     strError = edits.m_strPath + " was left as it was";
     return false;
   }
-  CStateLock lock;
-  if (!lock.Acquire(strLockFile, strError)) return false;
-  // The view was made from the file as last read; while the command waited
-  // for an answer another command may have replaced it.
-  std::string strText;
-  const IniRead eRead = ReadTextFile(edits.m_strPath, strText, strError);
-  if (eRead == IniRead::kError) return false;
-  if (eRead != edits.m_eDiskRead || strText != edits.m_strDiskText) {
-    strError = edits.m_strPath + " was changed by another command meanwhile; this command's change was not made";
-    return false;
+  // The view was made from the file as last read; when the command has let
+  // the lock go since (to wait for an answer), another command may have
+  // replaced it.
+  if (edits.m_nReadHolding != CommandLockHolding()) {
+    std::string strText;
+    const IniRead eRead = ReadTextFile(edits.m_strPath, strText, strError);
+    if (eRead == IniRead::kError) return false;
+    if (eRead != edits.m_eDiskRead || strText != edits.m_strDiskText) {
+      strError = edits.m_strPath + " was changed by another command meanwhile; this command's change was not made";
+      return false;
+    }
   }
   if (edits.m_eChange == Change::kRemove) return RemoveFile(edits.m_strPath, strError);
   if (!CheckEntries(edits.m_tree, strError)) {

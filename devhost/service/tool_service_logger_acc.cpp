@@ -4,11 +4,14 @@
 //   logger.ini          the configuration in effect
 //   logger.edit.ini     the pending configuration, while edits are pending,
 //                       with the session that owns it (section EditSession)
-//   logger.lock         the lock that serialises changes to the above
+//
+// ktl-cli.lock, the state directory's command lock, serialises the commands
+// (devhost/files/command_lock.h).
 //
 // The tool counts as installed when the configuration in effect or the
 // shipped default exists; on first use the configuration in effect is
-// created from the default. Edits and discards change the command's view of
+// created from the default. A command opens the state once and answers its
+// later calls from that opening (devhost/service/state_view.h). Edits and discards change the command's view of
 // the pending configuration (devhost/service/pending_edits.h), which is
 // written once the command has run; a save replaces the configuration in
 // effect at once.
@@ -33,6 +36,7 @@
 #include "devhost/service/logger_conf_check.h"
 #include "devhost/service/logger_conf_ini.h"
 #include "devhost/service/pending_edits.h"
+#include "devhost/service/state_view.h"
 #include "host/trace_utility.h"
 
 namespace {
@@ -42,11 +46,9 @@ const int kStatusFailure = 1;
 const int kStatusNotInstalled = 176;
 const int kStatusHeldByOtherSession = -1;
 
-const char kEffectiveFileName[] = "/logger.ini";
-const char kPendingFileName[] = "/logger.edit.ini";
-const char kLockFileName[] = "/logger.lock";
-
 const char kTraceModule[] = "cli";
+
+using devhost::CStateFiles;
 
 // What the accessor keeps between calls: the session of this command.
 struct CLoggerServiceState {
@@ -54,16 +56,8 @@ struct CLoggerServiceState {
   int nSession = 0;
 };
 
-// The service's files, from the environment at the time of the call.
-struct CStateFiles {
-  std::string strDir = devhost::StateDir();
-  std::string strEffective = strDir + kEffectiveFileName;
-  std::string strPending = strDir + kPendingFileName;
-  std::string strLock = strDir + kLockFileName;
-  std::string strDefault = devhost::DefaultConfFile();
-};
-
 devhost::CPendingEdits& Pending() { return devhost::CPendingEdits::OfThisCommand(); }
+devhost::CStateView& View() { return devhost::CStateView::OfThisCommand(); }
 
 // Explains a failure; the command then fails and changes nothing.
 void Report(const std::string& strMessage) {
@@ -103,13 +97,22 @@ bool CheckedConf(const std::string& strPath, const devhost::IniTree& tree, bool 
   return true;
 }
 
-// Reads and checks a configuration to be in effect; false (explained) when
-// it is missing, unreadable, malformed or refused.
-bool ReadEffective(const std::string& strPath, devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
+// The configuration in effect, read and checked once per opening of the
+// state; false (explained) when it is missing, unreadable, malformed or
+// refused.
+bool ReadEffective(devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
+  if (const devhost::IniTree* pKept = View().Effective()) {
+    tree = *pKept;
+    std::string strError;
+    return !pConf || devhost::ConfFromIni(tree, *pConf, strError);
+  }
+  const std::string& strPath = View().Files().strEffective;
   std::string strError;
   switch (devhost::ReadIniFile(strPath, tree, strError)) {
     case devhost::IniRead::kOk:
-      return CheckedConf(strPath, tree, true, pConf);
+      if (!CheckedConf(strPath, tree, true, pConf)) return false;
+      View().KeepEffective(tree);
+      return true;
     case devhost::IniRead::kMissing:
       Report(strPath + " does not exist");
       return false;
@@ -144,32 +147,42 @@ bool isInstalled(const CStateFiles& files) {
   return devhost::isPresent(files.strEffective) || devhost::isPresent(files.strDefault);
 }
 
-// Takes the state lock, creating the state directory, makes sure the
-// configuration in effect exists and brings the command's view of the
-// pending configuration up to date. kStatusOk, kStatusNotInstalled or
+// Opens the command's view of the state, unless it is open under the lock
+// holding of now: takes the lock (creating the state directory), makes sure
+// the configuration in effect exists and brings the view of the pending
+// configuration up to date. kStatusOk, kStatusNotInstalled or
 // kStatusFailure. After a failure the command stops: every later call fails
 // too, without a second message, so that nothing is shown or written from
 // files that were refused.
-int OpenState(const CStateFiles& files, devhost::CStateLock& lock) {
+int OpenState() {
   if (Pending().hasFailed()) return kStatusFailure;
+  devhost::CStateView& view = View();
+  if (view.isOpen()) return view.Status();
+  std::string strError;
+  if (!view.Lock(strError)) {
+    Report(strError);
+    return kStatusFailure;
+  }
+  const CStateFiles& files = view.Files();
   if (!isInstalled(files)) {
     // An answer, not a failure: the plug-in shows its own message for it.
     ExplainOnce("the logging tool is not installed: neither " + files.strEffective + " nor " + files.strDefault +
                 " exists");
+    view.Opened(kStatusNotInstalled);
     return kStatusNotInstalled;
   }
-  std::string strError;
-  if (!devhost::PrepareStateDir(strError) || !lock.Acquire(files.strLock, strError) ||
-      !Pending().Refresh(files.strPending, strError)) {
+  if (!Pending().Refresh(files.strPending, strError)) {
     Report(strError);
     return kStatusFailure;
   }
   if (!devhost::isPresent(files.strEffective) && !CreateEffectiveFromDefault(files)) return kStatusFailure;
+  view.Opened(kStatusOk);
   return kStatusOk;
 }
 
 // The pending configuration, checked; false (explained) when it is refused.
-bool PendingTree(const CStateFiles& files, devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
+bool PendingTree(devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
+  const CStateFiles& files = View().Files();
   std::string strError;
   if (!Pending().Tree(tree, strError)) {
     Report(strError);
@@ -197,7 +210,10 @@ namespace devhost {
 
 bool CommitPendingEdits() {
   std::string strError;
-  if (CPendingEdits::OfThisCommand().Commit(StateDir() + kLockFileName, strError)) return true;
+  // A change was made under the lock, which the view holds, or ktl-cli.
+  const bool bCommitted = CPendingEdits::OfThisCommand().Commit(strError);
+  CStateView::OfThisCommand().Forget();
+  if (bCommitted) return true;
   if (!strError.empty()) {
     std::cerr.clear();
     std::cerr << "ktl-cli: " << strError << '\n';
@@ -211,6 +227,8 @@ bool CommitPendingEdits() {
 // this process left uncommitted (it stopped on an exception) is forgotten.
 CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(new CLoggerServiceState) {
   Pending().Forget();
+  View().Forget();
+  devhost::ForgetCurrentSession();
   LastExplanation().clear();
 }
 
@@ -221,9 +239,7 @@ int CToolServiceLoggerAcc::initWrite(int nProcessId) {
   state.bHasSession = true;
   state.nSession = nProcessId;
 
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  const int nStatus = OpenState(files, lock);
+  const int nStatus = OpenState();
   if (nStatus != kStatusOk) return nStatus;
   // Edits of an ended session are taken over by the first edit that changes
   // them, not here: a command that only looks changes nothing.
@@ -231,25 +247,19 @@ int CToolServiceLoggerAcc::initWrite(int nProcessId) {
 }
 
 bool CToolServiceLoggerAcc::CheckProcessId(int nProcessId) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
   return Pending().OwnerFor(nProcessId) != devhost::PendingOwner::kOther;
 }
 
 int CToolServiceLoggerAcc::GetParameter(Velmora_LoggerConf& conf) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  const int nStatus = OpenState(files, lock);
+  const int nStatus = OpenState();
   if (nStatus != kStatusOk) return nStatus;
   devhost::IniTree tree;
-  return ReadEffective(files.strEffective, tree, &conf) ? kStatusOk : kStatusFailure;
+  return ReadEffective(tree, &conf) ? kStatusOk : kStatusFailure;
 }
 
 bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
   if (Pending().wereDroppedMeanwhile()) {
     Report(
         "the pending changes were discarded by another command while this one waited for an answer; "
@@ -259,14 +269,13 @@ bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
   // No pending edits is an ordinary answer, not a failure worth explaining.
   if (!Pending().hasEdits()) return false;
   devhost::IniTree tree;
-  return PendingTree(files, tree, &conf);
+  return PendingTree(tree, &conf);
 }
 
 int CToolServiceLoggerAcc::SetParameter(Velmora_LoggerConf conf) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  const int nStatus = OpenState(files, lock);
+  const int nStatus = OpenState();
   if (nStatus != kStatusOk) return nStatus;
+  const CStateFiles& files = View().Files();
   const devhost::IniTree tree = devhost::ConfToIni(conf);
   std::string strError;
   if (!CheckedConf(files.strEffective, tree, true, nullptr)) return kStatusFailure;
@@ -274,6 +283,7 @@ int CToolServiceLoggerAcc::SetParameter(Velmora_LoggerConf conf) {
     Report(strError);
     return kStatusFailure;
   }
+  View().KeepEffective(tree);
   return kStatusOk;
 }
 
@@ -286,9 +296,8 @@ void CToolServiceLoggerAcc::ShowConf(Velmora_LoggerConf conf) {
 bool CToolServiceLoggerAcc::Discard() {
   const CLoggerServiceState& state = *static_cast<const CLoggerServiceState*>(m_pState);
   const int nSession = state.bHasSession ? state.nSession : devhost::CurrentSession();
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
+  const CStateFiles& files = View().Files();
   if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {
     Report("cannot discard " + files.strPending + ": the pending changes belong to " + OwnerText());
     return false;
@@ -298,13 +307,11 @@ bool CToolServiceLoggerAcc::Discard() {
 }
 
 bool CToolServiceLoggerAcc::GetString(std::string strSection, std::string strKey, std::string& strValue) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
   // The pending configuration starts as a copy of the one in effect, so
   // until the first edit creates it, the one in effect answers for it.
   devhost::IniTree tree;
-  if (Pending().hasEdits() ? !PendingTree(files, tree) : !ReadEffective(files.strEffective, tree)) return false;
+  if (Pending().hasEdits() ? !PendingTree(tree) : !ReadEffective(tree)) return false;
   const std::string* pValue = devhost::FindIniValue(tree, strSection, strKey);
   if (!pValue) return false;
   strValue = *pValue;
@@ -317,9 +324,8 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
   // started it, as GetPPID reports it.
   const int nSession = state.bHasSession ? state.nSession : devhost::CurrentSession();
 
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
+  const CStateFiles& files = View().Files();
   std::string strError;
   if (!devhost::isStorableIniEntry(strSection, strKey, strValue, strError) ||
       !devhost::CheckEdit(strSection, strKey, strValue, strError)) {
@@ -338,7 +344,7 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
   }
   // Copy on write: the first edit starts from the configuration in effect.
   devhost::IniTree tree;
-  if (Pending().hasEdits() ? !PendingTree(files, tree) : !ReadEffective(files.strEffective, tree)) return false;
+  if (Pending().hasEdits() ? !PendingTree(tree) : !ReadEffective(tree)) return false;
   devhost::SetIniValue(tree, strSection, strKey, strValue);
   Pending().Replace(tree, nSession);
   return true;

@@ -74,7 +74,6 @@ every key of the default; an empty one is refused:
   $ ls $state
   audit.log
   ktl-cli.lock
-  logger.lock
 
 Values that are not numbers, and files that are not INI files:
 

@@ -67,7 +67,6 @@ in effect is what was confirmed.
   audit.log
   ktl-cli.lock
   logger.ini
-  logger.lock
   $ sed -n '/^\[FILESYS\]/,$p' $state/logger.ini
   [FILESYS]
   Available=0x11

@@ -4,12 +4,11 @@ found", "syslog output is off"):
 
   $ ktl-cli logger -syslogoutput on > /dev/null
   $ state=~/.local/state/ktl-cli
-  $ rm $state/logger.lock && mkdir $state/logger.lock
+  $ rm $state/ktl-cli.lock && mkdir $state/ktl-cli.lock
   $ ktl-cli logger -alert inf -setting off
-  ktl-cli: cannot open /*/ktl-cli/logger.lock: Is a directory (glob)
-  reason: SyslogOutput is OFF
+  ktl-cli: cannot open /*/ktl-cli/ktl-cli.lock: Is a directory (glob)
   [1]
-  $ rmdir $state/logger.lock
+  $ rmdir $state/ktl-cli.lock
   $ cp $state/logger.ini good.ini && echo 'Output' >> $state/logger.ini
   $ ktl-cli logger -save -nochk
   ktl-cli: /*/ktl-cli/logger.ini:*: malformed INI file: '=' character not found in line (glob)

@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "devhost/files/command_lock.h"
 #include "devhost/service/pending_edits.h"
 #include "tests/devhost/devhost_test_support.h"
 
@@ -74,7 +75,11 @@ TEST_F(ToolServiceTest, ACommandsEditsAreWrittenOnceWholeOrNotAtAll) {
     CaptureStderr();
     for (const auto& write : c.writes) acc.WriteString(write[0], write[1], write[2]);
     std::string strMessages = GetCapturedStderr();
-    if (c.pszChangedMeanwhile) WriteFile(Pending(), c.pszChangedMeanwhile);
+    if (c.pszChangedMeanwhile) {
+      // Another command runs while this one waits for an answer.
+      const devhost::CCommandLockReleased question;
+      WriteFile(Pending(), c.pszChangedMeanwhile);
+    }
     strMessages += Commit(false);
     EXPECT_NE(strMessages.find(c.pszMessage), std::string::npos) << c.name << ": " << strMessages;
     EXPECT_EQ(ReadFile(Pending()), c.pszChangedMeanwhile ? c.pszChangedMeanwhile : strCommitted) << c.name;
@@ -84,7 +89,10 @@ TEST_F(ToolServiceTest, ACommandsEditsAreWrittenOnceWholeOrNotAtAll) {
   // Edits dropped by another command while this one waited for an answer.
   CToolServiceLoggerAcc acc;
   ASSERT_TRUE(acc.CheckProcessId(m_nSelf));
-  std::filesystem::remove(Pending());
+  {
+    const devhost::CCommandLockReleased question;
+    std::filesystem::remove(Pending());
+  }
   Velmora_LoggerConf conf;
   CaptureStderr();
   EXPECT_FALSE(acc.ReadConfFile(conf));
