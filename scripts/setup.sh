@@ -16,6 +16,7 @@ packages=(
   clang libclang-rt-dev      # sanitizer and fuzzer runtimes
   clang-format               # scripts/check-format.sh
   valgrind
+  strace                     # the count of state-file openings (tests/cli/one_opening.t)
   libbenchmark-dev hyperfine crudini   # benchmarks (bench/)
   abigail-tools              # abidw / abidiff: the binary contract guard
   python3-cram               # ktl-cli sessions as cram transcripts (tests/cli)
