@@ -1,5 +1,6 @@
 // CMessage: shows catalogue messages. Informational messages go to standard
-// output and return 0; errors go to standard error, prefixed with "Error: "
+// output, once the command's change is committed (held_messages.h), and
+// return 0; errors go to standard error, prefixed with "Error: "
 // and followed by the code in hex when it is not 0, and return
 // kErrorShownResult, so that a refused command stops the host.
 #include "host/message.h"
@@ -8,6 +9,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "devhost/messages/held_messages.h"
 #include "devhost/messages/message_catalogue.h"
 #include "devhost/service/pending_edits.h"
 
@@ -47,7 +49,7 @@ int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strEx
   }
   // A success stays a success even when the catalogue lacks its text.
   if (bInformational) {
-    std::cout << strText << std::endl;
+    devhost::ShowInformation(strText);
     return kInformationShown;
   }
   std::cerr << "Error: " << strText;

@@ -7,6 +7,7 @@
 
 #include "devhost/command/interrupt.h"
 #include "devhost/files/command_lock.h"
+#include "devhost/messages/held_messages.h"
 #include "devhost/messages/message_catalogue.h"
 #include "host/message.h"
 #include "host/string_util.h"
@@ -50,6 +51,8 @@ bool CMessage::Inquiry(std::string strMsgId, int /*nDefault*/) {
   if (!devhost::LookupMessageText(strMsgId, strQuestion, strProblem)) strQuestion = strMsgId;
   if (!strProblem.empty()) std::cerr << "ktl-cli: " << strProblem << std::endl;
 
+  // What the command said so far comes before its question.
+  devhost::FlushHeldMessages();
   // Other commands may run while the operator thinks about the answer.
   const devhost::CCommandLockReleased released;
 

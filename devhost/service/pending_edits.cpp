@@ -28,6 +28,7 @@ bool CPendingEdits::Refresh(const std::string& strPendingFile, std::string& strE
   if (m_bHasEdits && ParseIniText(strText, strPendingFile, m_tree, m_strParseError)) {
     ReadSessionRecord(m_tree, m_owner);
   }
+  if (m_bHasEdits && !m_bSawEdits) m_treeFirstSeen = m_tree;
   m_bSawEdits = m_bSawEdits || m_bHasEdits;
   return true;
 }

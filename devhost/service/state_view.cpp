@@ -37,6 +37,7 @@ void CStateView::KeepEffective(const IniTree& tree) {
 
 void CStateView::Forget() {
   m_bOpen = false;
+  m_bSaved = false;
   m_bHasEffective = false;
   m_effective.clear();
   m_pOwnLock.reset();

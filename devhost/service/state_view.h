@@ -48,6 +48,10 @@ class CStateView {
   const IniTree* Effective() const { return isOpen() && m_bHasEffective ? &m_effective : nullptr; }
   void KeepEffective(const IniTree& tree);
 
+  // Notes that this command replaced the configuration in effect.
+  void NoteSaved() { m_bSaved = true; }
+  bool wasSaved() const { return m_bSaved; }
+
   // Drops what was read, and the lock when the view took it.
   void Forget();
 
@@ -58,6 +62,7 @@ class CStateView {
   int m_nStatus = 0;
   bool m_bHasEffective = false;
   IniTree m_effective;
+  bool m_bSaved = false;
   std::unique_ptr<CCommandLock> m_pOwnLock;
 };
 

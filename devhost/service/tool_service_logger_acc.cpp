@@ -199,6 +199,21 @@ bool PendingTree(devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
   return true;
 }
 
+// True when the configuration in effect now is what the pending tree held:
+// another command saved it. Both are compared as records, as a save writes
+// them.
+bool isInEffectNow(const devhost::IniTree& pending) {
+  Velmora_LoggerConf pendingConf, effectiveConf, savedConf;
+  devhost::IniTree effective;
+  std::string strError;
+  if (pending.empty() || !devhost::ConfFromIni(pending, pendingConf, strError) ||
+      !devhost::ConfFromIni(devhost::ConfToIni(pendingConf), savedConf, strError) ||
+      !ReadEffective(effective, &effectiveConf)) {
+    return false;
+  }
+  return devhost::DescribeConf(savedConf) == devhost::DescribeConf(effectiveConf);
+}
+
 std::string OwnerText() {
   return "session " + std::to_string(Pending().OwnerSession()) + " (the terminal session of process " +
          std::to_string(Pending().OwnerSession()) + ", which is still running)";
@@ -211,11 +226,18 @@ namespace devhost {
 bool CommitPendingEdits() {
   std::string strError;
   // A change was made under the lock, which the view holds, or ktl-cli.
+  const bool bSaved = CStateView::OfThisCommand().wasSaved();
   const bool bCommitted = CPendingEdits::OfThisCommand().Commit(strError);
   CStateView::OfThisCommand().Forget();
   if (bCommitted) return true;
-  if (!strError.empty()) {
-    std::cerr.clear();
+  if (strError.empty()) return false;
+  std::cerr.clear();
+  // A save is in effect once the configuration in effect is replaced; what
+  // failed after it is only the removal of the pending configuration.
+  if (bSaved) {
+    std::cerr << "ktl-cli: the pending changes were saved and are now in effect, but " << strError
+              << "; \"logger -discard\" drops the pending configuration\n";
+  } else {
     std::cerr << "ktl-cli: " << strError << '\n';
   }
   return false;
@@ -261,9 +283,11 @@ int CToolServiceLoggerAcc::GetParameter(Velmora_LoggerConf& conf) {
 bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
   if (OpenState() != kStatusOk) return false;
   if (Pending().wereDroppedMeanwhile()) {
-    Report(
-        "the pending changes were discarded by another command while this one waited for an answer; "
-        "nothing was saved");
+    Report(isInEffectNow(Pending().FirstSeen())
+               ? "the pending changes were saved by another command while this one waited for an answer; "
+                 "they are in effect, and this command saved nothing"
+               : "the pending changes were discarded by another command while this one waited for an answer; "
+                 "nothing was saved");
     return false;
   }
   // No pending edits is an ordinary answer, not a failure worth explaining.
@@ -284,6 +308,7 @@ int CToolServiceLoggerAcc::SetParameter(Velmora_LoggerConf conf) {
     return kStatusFailure;
   }
   View().KeepEffective(tree);
+  View().NoteSaved();
   return kStatusOk;
 }
 

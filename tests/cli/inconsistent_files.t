@@ -46,13 +46,6 @@ pending file as it was:
 
   $ refused s/NumFileSys=1/NumFileSys=9999/ -mp /var/log -setting on
   ktl-cli: */logger.edit.ini: cannot write [FILESYS] NumFileSys: "10000" is not a number from 0 to 9999 (glob)
-  reason: SyslogOutput is ON
-  reason: mount exp=/var/log, res=/sys
-  reason: mount exp=/var/log, res=/proc
-  reason: mount exp=/var/log, res=/
-  reason: mount exp=/var/log, res=/dev/shm
-  reason: mount exp=/var/log, res=/data
-  reason: mount exp=/var/log, res=/var/log
   [1]
   $ rm $state/logger.edit.ini
 

@@ -37,4 +37,5 @@ Output that cannot be written fails the command, whatever it was:
   [1]
   $ ktl-cli logger -syslogoutput on > /dev/full
   ktl-cli: cannot write the command's output to standard output: No space left on device
+  ktl-cli: the command took effect all the same: The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
   [1]
