@@ -1,6 +1,7 @@
 #include "devhost/messages/held_messages.h"
 
 #include <iostream>
+#include <map>
 
 namespace devhost {
 namespace {
@@ -9,6 +10,7 @@ struct CHeldMessages {
   bool bHolding = false;
   std::string strHeld;   // not printed yet
   std::string strShown;  // held, then printed, since the holding started
+  std::map<std::string, std::string> mapErrorDetails;
 };
 
 CHeldMessages& Held() {
@@ -18,7 +20,10 @@ CHeldMessages& Held() {
 
 }  // namespace
 
-void StartHoldingMessages() { Held() = CHeldMessages{true, std::string(), std::string()}; }
+void StartHoldingMessages() {
+  Held() = CHeldMessages();
+  Held().bHolding = true;
+}
 
 void ShowInformation(const std::string& strText) {
   if (Held().bHolding) {
@@ -41,6 +46,15 @@ std::string EndHoldingMessages(bool bPrint) {
   const std::string strShown = Held().strShown;
   Held() = CHeldMessages();
   return strShown;
+}
+
+void AddDetailToError(const std::string& strMsgId, const std::string& strDetail) {
+  Held().mapErrorDetails[strMsgId] = strDetail;
+}
+
+std::string DetailOfError(const std::string& strMsgId) {
+  const auto detail = Held().mapErrorDetails.find(strMsgId);
+  return detail == Held().mapErrorDetails.end() ? std::string() : detail->second;
 }
 
 }  // namespace devhost

@@ -24,6 +24,13 @@ void FlushHeldMessages();
 // Returns the held messages that were printed, one per line.
 std::string EndHoldingMessages(bool bPrint);
 
+// A detail that the host adds after the plug-in's error strMsgId, when the
+// command shows it: who holds the pending edits, say, after "being edited
+// in another session". Forgotten when the holding ends.
+void AddDetailToError(const std::string& strMsgId, const std::string& strDetail);
+// The detail for strMsgId, or "".
+std::string DetailOfError(const std::string& strMsgId);
+
 }  // namespace devhost
 
 #endif

@@ -55,5 +55,7 @@ int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strEx
   std::cerr << "Error: " << strText;
   if (ulCode != 0) std::cerr << " (code " << HexCode(ulCode) << ")";
   std::cerr << std::endl;
+  const std::string strDetail = devhost::DetailOfError(strMsgId);
+  if (!strDetail.empty()) std::cerr << "ktl-cli: " << strDetail << std::endl;
   return kErrorShownResult;
 }

@@ -58,8 +58,9 @@ class CPendingEdits {
   // Whose the edits are for nSession. Whether a recorded owner other than
   // nSession still lives is looked up once per reading of the file.
   PendingOwner OwnerFor(int nSession) const;
-  // The recorded owner's session, 0 when none.
+  // The recorded owner's session, 0 when none, and the whole record.
   int OwnerSession() const { return m_owner.nSession; }
+  const CSessionRecord& Owner() const { return m_owner; }
 
   // Changes of the view, committed later.
   void Replace(const IniTree& tree, int nSession);

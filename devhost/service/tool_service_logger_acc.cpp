@@ -32,6 +32,7 @@
 #include "devhost/files/ini_store.h"
 #include "devhost/files/paths.h"
 #include "devhost/files/state_directory.h"
+#include "devhost/messages/held_messages.h"
 #include "devhost/service/edit_session.h"
 #include "devhost/service/logger_conf_check.h"
 #include "devhost/service/logger_conf_ini.h"
@@ -47,6 +48,9 @@ const int kStatusNotInstalled = 176;
 const int kStatusHeldByOtherSession = -1;
 
 const char kTraceModule[] = "cli";
+// The plug-in's message for a command refused because another session
+// holds the pending edits.
+const char kRefusedForOtherSession[] = "MSG_CLI_CHECK_PRCID";
 
 using devhost::CStateFiles;
 
@@ -214,9 +218,19 @@ bool isInEffectNow(const devhost::IniTree& pending) {
   return devhost::DescribeConf(savedConf) == devhost::DescribeConf(effectiveConf);
 }
 
-std::string OwnerText() {
-  return "session " + std::to_string(Pending().OwnerSession()) + " (the terminal session of process " +
-         std::to_string(Pending().OwnerSession()) + ", which is still running)";
+// Who holds the pending edits, in the same words for a refused edit, save
+// and discard: the session, its user, since when, and how to release them.
+std::string OwnerRefusal() {
+  const devhost::CSessionRecord& owner = Pending().Owner();
+  const bool bElsewhere = devhost::isInOtherNamespace(owner);
+  std::string strText =
+      "the pending changes in " + View().Files().strPending + " belong to session " + std::to_string(owner.nSession);
+  if (bElsewhere) strText += " of another PID namespace (pid:[" + std::to_string(owner.nPidNamespace) + "])";
+  if (!owner.strUser.empty()) strText += " of user " + owner.strUser;
+  if (!owner.strSince.empty()) strText += ", held since " + owner.strSince;
+  strText += bElsewhere ? ", whose leader cannot be looked at from here"
+                        : ", whose leader (process " + std::to_string(owner.nSession) + ") is still running";
+  return strText + "; \"logger -discard\" in that session releases them, or removing the file once it has ended";
 }
 
 }  // namespace
@@ -265,7 +279,10 @@ int CToolServiceLoggerAcc::initWrite(int nProcessId) {
   if (nStatus != kStatusOk) return nStatus;
   // Edits of an ended session are taken over by the first edit that changes
   // them, not here: a command that only looks changes nothing.
-  return Pending().OwnerFor(nProcessId) == devhost::PendingOwner::kOther ? kStatusHeldByOtherSession : kStatusOk;
+  if (Pending().OwnerFor(nProcessId) != devhost::PendingOwner::kOther) return kStatusOk;
+  // Said with the plug-in's refusal, if the command is refused for it.
+  devhost::AddDetailToError(kRefusedForOtherSession, OwnerRefusal());
+  return kStatusHeldByOtherSession;
 }
 
 bool CToolServiceLoggerAcc::CheckProcessId(int nProcessId) {
@@ -322,9 +339,8 @@ bool CToolServiceLoggerAcc::Discard() {
   const CLoggerServiceState& state = *static_cast<const CLoggerServiceState*>(m_pState);
   const int nSession = state.bHasSession ? state.nSession : devhost::CurrentSession();
   if (OpenState() != kStatusOk) return false;
-  const CStateFiles& files = View().Files();
   if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {
-    Report("cannot discard " + files.strPending + ": the pending changes belong to " + OwnerText());
+    Report(OwnerRefusal());
     return false;
   }
   if (Pending().hasEdits()) Pending().Remove();
@@ -358,7 +374,7 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
     return false;
   }
   if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {
-    Report("cannot change " + files.strPending + ": the pending changes belong to " + OwnerText());
+    Report(OwnerRefusal());
     return false;
   }
   // The edit is written when the command ends; a directory that cannot take
