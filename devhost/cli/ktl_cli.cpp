@@ -21,6 +21,7 @@
 #include "devhost/files/paths.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
+#include "devhost/utilities/profile_reports.h"
 
 namespace {
 
@@ -93,6 +94,9 @@ int PrintCompletions(const std::vector<std::string>& vecArgs) {
 // The words after "ktl-cli", from the command line or from a line of the
 // shell.
 int RunWords(const std::vector<std::string>& vecWords) {
+  // Each command, and each line of the shell, says what is wrong with the
+  // limits file it reads.
+  devhost::StartProfileReports();
   const std::string& strCommand = vecWords.front();
   const std::vector<std::string> vecRest(vecWords.begin() + 1, vecWords.end());
   if (strCommand == "--help" || strCommand == "-h") {
