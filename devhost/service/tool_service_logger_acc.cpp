@@ -144,6 +144,8 @@ bool CreateEffectiveFromDefault(const CStateFiles& files) {
     Report(strError);
     return false;
   }
+  // Checked already: it is not read again.
+  View().KeepEffective(tree);
   return true;
 }
 

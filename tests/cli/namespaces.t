@@ -6,7 +6,12 @@ their owner and how to release them.
 
   $ unshare -p -f --mount-proc true 2>/dev/null || exit 80
   $ state=$HOME/.local/state/ktl-cli
-  $ unshare -p -f --mount-proc setsid -w sh -c 'ktl-cli logger -syslogoutput off'
+The first container's session edits and goes on running; it ends when the
+test kills it.
+
+  $ waitfor() { for i in $(seq 600); do eval "$1" && return; sleep 0.1; done; echo "timed out: $1"; }
+  $ unshare -p -f --kill-child --mount-proc setsid -w sh -c 'ktl-cli logger -syslogoutput off > edit.out; sleep 60' &
+  $ waitfor "[ -s edit.out ]"; cat edit.out
   The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
   $ grep -c PidNamespace= $state/logger.edit.ini
   1
@@ -18,10 +23,12 @@ their owner and how to release them.
   ktl-cli: the pending changes in /*/ktl-cli/logger.edit.ini belong to session * of another PID namespace (pid:[*]) of user *, held since *, whose leader cannot be looked at from here; "logger -discard" in that session releases them, or removing the file once it has ended (glob)
   [1]
 
-Looking is allowed; removing the file releases them.
+Looking is allowed; once that session has ended, removing the file
+releases them.
 
   $ ktl-cli logger -confirm edit | grep 'Syslog output'
     Syslog output           : Off
+  $ kill %1; wait
   $ rm $state/logger.edit.ini
   $ ktl-cli logger -syslogoutput on
   The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
