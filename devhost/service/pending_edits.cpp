@@ -1,5 +1,7 @@
 #include "devhost/service/pending_edits.h"
 
+#include <utility>
+
 #include "devhost/files/command_lock.h"
 #include "devhost/service/logger_conf_check.h"
 #include "devhost/utilities/timestamp.h"
@@ -28,7 +30,7 @@ bool CPendingEdits::Refresh(const std::string& strPendingFile, std::string& strE
   if (m_bHasEdits && ParseIniText(strText, strPendingFile, m_tree, m_strParseError)) {
     ReadSessionRecord(m_tree, m_owner);
   }
-  if (m_bHasEdits && !m_bSawEdits) m_treeFirstSeen = m_tree;
+  if (m_bHasEdits && !m_bSawEdits) m_strFirstSeenText = strText;
   m_bSawEdits = m_bSawEdits || m_bHasEdits;
   return true;
 }
@@ -40,6 +42,13 @@ bool CPendingEdits::Tree(IniTree& tree, std::string& strError) const {
   }
   tree = m_tree;
   return true;
+}
+
+IniTree CPendingEdits::FirstSeen() const {
+  IniTree tree;
+  std::string strIgnored;
+  if (!m_strFirstSeenText.empty() && !ParseIniText(m_strFirstSeenText, m_strPath, tree, strIgnored)) tree.clear();
+  return tree;
 }
 
 PendingOwner CPendingEdits::OwnerFor(int nSession) const {
@@ -73,7 +82,8 @@ void CPendingEdits::Remove() {
 }
 
 bool CPendingEdits::Commit(std::string& strError) {
-  const CPendingEdits edits = *this;
+  // Moved, not copied: the view holds whole trees.
+  const CPendingEdits edits = std::move(*this);
   Forget();
   if (edits.m_eChange == Change::kNone) return !edits.m_bFailed;
   if (edits.m_bFailed) {

@@ -48,8 +48,8 @@ class CPendingEdits {
   // were dropped while it waited for an answer.
   bool wereDroppedMeanwhile() const { return m_bSawEdits && !m_bHasEdits; }
   // The pending configuration as the command first saw it; empty when it
-  // saw none or could not parse it.
-  const IniTree& FirstSeen() const { return m_treeFirstSeen; }
+  // saw none or it cannot be parsed. Kept as text: it is seldom needed.
+  IniTree FirstSeen() const;
 
   // True once the command has changed the view. Its tree was checked when
   // read and each edit as it came; only at the commit must it be whole.
@@ -86,7 +86,7 @@ class CPendingEdits {
   std::string m_strDiskText;  // the file as last read
   std::string m_strParseError;
   IniTree m_tree;
-  IniTree m_treeFirstSeen;
+  std::string m_strFirstSeenText;
   bool m_bHasEdits = false;
   bool m_bSawEdits = false;
   unsigned long m_nReadHolding = 0;  // the lock holding it was read under
