@@ -102,7 +102,9 @@ bool CPendingEdits::Commit(std::string& strError) {
       return false;
     }
   }
-  if (edits.m_eChange == Change::kRemove) return RemoveFile(edits.m_strPath, strError);
+  // Like its writes, the removal of a working copy is not waited for on
+  // disk: a power cut may bring back edits that were saved or discarded.
+  if (edits.m_eChange == Change::kRemove) return RemoveFile(edits.m_strPath, strError, Flush::kNone);
   if (!CheckEntries(edits.m_tree, strError)) {
     strError = edits.m_strPath + ": " + strError + "; the file was left as it was";
     return false;
