@@ -103,6 +103,7 @@ if(TARGET ktl_shell)
   install(TARGETS ktl_shell LIBRARY DESTINATION "${KTL_HOST_LIB_DIR}" COMPONENT host)
 endif()
 install(FILES "${PROJECT_SOURCE_DIR}/devhost/descriptions/logger.command.ini"
+              "${PROJECT_SOURCE_DIR}/devhost/descriptions/logger.reasons.ini"
         DESTINATION "${KTL_INSTALL_PLUGIN_DIR}" COMPONENT host)
 install(FILES "${PROJECT_SOURCE_DIR}/devhost/man/ktl-cli.1" "${PROJECT_SOURCE_DIR}/devhost/man/ktl-cli-logger.1"
         DESTINATION share/man/man1 COMPONENT host)

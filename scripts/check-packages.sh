@@ -50,6 +50,7 @@ expect_paths "$host_deb" \
   /usr/share/ktl-cli/default/logger.ini \
   /usr/lib/ktl-cli/libktl_shell.so \
   /opt/velmora/ktl/cli/plugins/logger.command.ini \
+  /opt/velmora/ktl/cli/plugins/logger.reasons.ini \
   /usr/share/man/man1/ktl-cli.1 \
   /usr/share/man/man1/ktl-cli-logger.1 \
   /usr/share/bash-completion/completions/ktl-cli

@@ -84,7 +84,8 @@ display text cut at a NUL @@ display/show.cpp @@ std::cout.write(strText.data(),
 display init trace text @@ display/show.cpp @@ const char kInitError[] = "TempleteContext Init Error"; @@ const char kInitError[] = "TemplateContext Init Error";
 host: file not flushed to disk @@ devhost/files/ini_store.cpp @@ } else if (eFlush == Flush::kToDisk && fsync(nFd) != 0) { @@ } else if (false) {
 host: prompt not flushed @@ devhost/messages/message_inquiry.cpp @@ std::cout << strQuestion << " [y/n]: " << std::flush; @@ std::cout << strQuestion << " [y/n]: ";
-host: control bytes written raw @@ devhost/utilities/terminal_text.cpp @@ if (uc < 0x20 || uc == 0x7f) { @@ if (uc == 0x7f) {
+host: control bytes written raw @@ devhost/utilities/terminal_text.cpp @@ if (uc < 0x20 || uc == 0x7f || (uc >= 0x80 && uc <= 0x9f)) { @@ if (uc == 0x7f) {
+host: C1 controls in UTF-8 written raw @@ devhost/utilities/terminal_text.cpp @@ } else if (nLength == 2 && uc == 0xc2 && @@ } else if (false &&
 host: error message result @@ devhost/messages/message.cpp @@ const int kErrorShownResult = 1; @@ const int kErrorShownResult = 0;
 host: message code width @@ devhost/messages/message.cpp @@ std::setw(8) @@ std::setw(6)
 host: exec after a failed check @@ devhost/cli/drive_command.cpp @@ if (!StepSucceeded("CheckExec", command.CheckExec())) return kExitCommandFailed; @@ StepSucceeded("CheckExec", command.CheckExec());
@@ -101,9 +102,19 @@ host: success shown before the commit @@ devhost/messages/held_messages.cpp @@ i
 host: negative interval read @@ devhost/service/logger_conf_values.cpp @@ if (!ParseWholeInt(strValue, 10, nParsed) || nParsed < 1) return false; @@ if (!ParseWholeInt(strValue, 10, nParsed)) return false;
 host: limits minimum above maximum unreported @@ devhost/utilities/profile.cpp @@ if (nMin > nMax) { @@ if (false) {
 host: trace levels not filtered @@ devhost/utilities/trace_utility.cpp @@ if (!bTraced) return; @@ if (false) return;
+host: diagnostic without a rule dropped @@ devhost/help/refusal_explanation.cpp @@ lines.Add(diagnostic.strText);<NL>      continue; @@ continue;
+host: a mount point found is reported @@ devhost/help/refusal_explanation.cpp @@ data.set("found", bFound); @@ data.set("found", false);
+host: no word named when the plug-in names none @@ devhost/help/refusal_explanation.cpp @@ if (lines.Lines().empty() && bUsageError) @@ if (false)
 host: state lock not taken @@ devhost/files/lock_file.cpp @@ while (flock(nFd, LOCK_EX | LOCK_NB) != 0) { @@ while (false) {
 host: command lock not taken after the state check @@ devhost/files/command_lock.cpp @@ if (!PrepareStateDir(strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false; @@ if (!PrepareStateDir(strError)) return false;
 host: appended file opened without O_APPEND @@ devhost/files/append_file.cpp @@ O_WRONLY | O_APPEND | O_CREAT, 0600 @@ O_WRONLY | O_CREAT, 0600
+host: files opened waiting @@ devhost/files/safe_open.cpp @@ O_CLOEXEC | O_NONBLOCK | O_NOCTTY @@ O_CLOEXEC | O_NOCTTY
+host: closed standard descriptors left closed @@ devhost/cli/ktl_cli.cpp @@ if (!devhost::FillClosedStandardDescriptors()) @@ if (false)
+host: change runs without its audit record @@ devhost/command/command.cpp @@ if (eStart == devhost::AuditStart::kStarted) return kOk; @@ return kOk;
+host: signal leaves no audit line @@ devhost/command/audit_log.cpp @@ && current.sa_handler == SIG_DFL; @@ && false;
+host: unsafe parent of the state directory @@ devhost/files/state_directory.cpp @@ if ((st.st_mode & (S_IWGRP | S_IWOTH)) && !(st.st_mode & S_ISVTX)) { @@ if (false) {
+host: template nesting unbounded @@ devhost/messages/template_cache.cpp @@ if (SectionDepth(strText) > kMaxSectionDepth) { @@ if (false) {
+host: no fallback for TMPDIR @@ devhost/utilities/ktl_util.cpp @@ if (strDir != kFallbackTempDir) { @@ if (false) {
 host: last entry not written @@ devhost/service/logger_conf_ini.cpp @@ for (int nNumber = 1; nNumber <= nEntries; ++nNumber) { @@ for (int nNumber = 1; nNumber < nEntries; ++nNumber) {
 host: limit sign dropped @@ devhost/utilities/profile.cpp @@ if (bNegative) llValue = -llValue; @@ (void)bNegative;
 host: discard keeps the pending file @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().hasEdits()) Pending().Remove(); @@ (void)0;
@@ -113,7 +124,12 @@ host: hidden session leader taken as none @@ devhost/service/edit_session.cpp @@
 host: sudo session taken as the operator's @@ devhost/service/edit_session.cpp @@ nSession = nOuter; @@ (void)nOuter;
 host: question not ended by Ctrl-C @@ devhost/messages/message_inquiry.cpp @@ if (devhost::isInterrupted()) { @@ if (false) {
 host: lock wait not ended by Ctrl-C @@ devhost/files/lock_file.cpp @@ if (!bWaitForEver && isInterrupted()) { @@ if (false) {
-host: Ctrl-C at the prompt runs the line @@ devhost/shell/shell.cpp @@ if (bCancelled) { @@ if (false) {
+host: Ctrl-C at the prompt runs the line @@ devhost/shell/shell.cpp @@ if (state.bCancelled) { @@ if (false) {
+host: prompt without its pending mark @@ devhost/shell/shell.cpp @@ return hasOwnPendingEdits() ? kPendingPrompt : kPrompt; @@ return kPrompt;
+host: leave question declined leaves @@ devhost/shell/leave_question.cpp @@ if (strAnswer == "n" || strAnswer == "no") return false; @@ if (strAnswer == "n" || strAnswer == "no") return true;
+host: unknown command goes to the loader @@ devhost/cli/ktl_cli.cpp @@ if (!devhost::isInstalledCommand(strCommand)) return @@ if (false) return
+host: completion offers optional options first @@ devhost/help/completion.cpp @@ if (nRequired++ == m_nRequiredGiven) return {&option}; @@ (void)nRequired;
+host: completion goes on after -setting off @@ devhost/help/completion.cpp @@ strValue == m_pInHand->strEndsForm) m_bEnded = true; @@ strValue == m_pInHand->strEndsForm) (void)0;
 EOF
 )
 

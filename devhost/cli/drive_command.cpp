@@ -12,9 +12,12 @@
 #include "devhost/command/current_command.h"
 #include "devhost/files/command_lock.h"
 #include "devhost/files/paths.h"
+#include "devhost/help/refusal_explanation.h"
 #include "devhost/messages/held_messages.h"
+#include "devhost/messages/question_outcome.h"
 #include "devhost/service/pending_edits.h"
 #include "devhost/utilities/refusal_reasons.h"
+#include "devhost/utilities/terminal_text.h"
 #include "host/command.h"
 #include "host/trace_utility.h"
 
@@ -67,7 +70,8 @@ int RunCommand(CCommand& command, const std::vector<std::string>& vecWords, cons
   if (!StepSucceeded("CheckParam", command.CheckParam(vecWords))) return kExitCommandFailed;
   if (!StepSucceeded("CheckExec", command.CheckExec())) return kExitCommandFailed;
   if (!StepSucceeded("Exec", command.Exec(strCommandLine))) return kExitCommandFailed;
-  return kExitSuccess;
+  // The command succeeds when its question is declined; nothing was done.
+  return devhost::wasQuestionDeclined() ? kExitDeclined : kExitSuccess;
 }
 
 // The end of a command that reached its execution step: its output is out
@@ -97,15 +101,17 @@ int LoadAndRun(const std::string& strCommand, const std::vector<std::string>& ve
   CPluginLibrary plugin;
   const std::string strPath = devhost::PluginDir() + "/libktl_cli-" + strCommand + ".so";
   if (!plugin.Open(strPath)) {
-    std::cerr << "ktl-cli: cannot load the plug-in of command \"" << strCommand << "\" (" << strPath
-              << "): " << DlError() << std::endl;
+    // The name and the path come from the command line and the environment:
+    // escaped, they cannot drive the terminal.
+    std::cerr << "ktl-cli: cannot load the plug-in of command \"" << EscapeControlBytes(strCommand) << "\" ("
+              << EscapeControlBytes(strPath) << "): " << EscapeControlBytes(DlError()) << std::endl;
     return kExitPluginUnavailable;
   }
   const std::string strFactory = kFactoryPrefix + strCommand;
   const CommandFactory factory = plugin.Factory(strFactory);
   if (factory == nullptr) {
-    std::cerr << "ktl-cli: the plug-in " << strPath << " has no factory " << strFactory << ": " << DlError()
-              << std::endl;
+    std::cerr << "ktl-cli: the plug-in " << EscapeControlBytes(strPath) << " has no factory "
+              << EscapeControlBytes(strFactory) << ": " << EscapeControlBytes(DlError()) << std::endl;
     return kExitPluginUnavailable;
   }
 
@@ -115,7 +121,7 @@ int LoadAndRun(const std::string& strCommand, const std::vector<std::string>& ve
     devhost::CCommandLock lock;
     std::string strError;
     if (!lock.Acquire(strError)) {
-      std::cerr << "ktl-cli: " << strError << std::endl;
+      std::cerr << "ktl-cli: " << EscapeControlBytes(strError) << std::endl;
       return kExitCommandFailed;
     }
     std::unique_ptr<CCommand> pCommand(factory());
@@ -128,12 +134,12 @@ int LoadAndRun(const std::string& strCommand, const std::vector<std::string>& ve
     // The pending edits of a command that succeeded are written once, after
     // Exec, so that a command killed midway leaves them as they were. When
     // that fails, the notes the plug-in traced are not why.
-    if (nStatus == kExitSuccess && !devhost::CommitPendingEdits()) {
+    if ((nStatus == kExitSuccess || nStatus == kExitDeclined) && !devhost::CommitPendingEdits()) {
       nStatus = kExitCommandFailed;
       devhost::StartCollectingReasons();
     }
     pCommand.reset();
-    return FinishCommand(nStatus, devhost::EndHoldingMessages(nStatus == kExitSuccess));
+    return FinishCommand(nStatus, devhost::EndHoldingMessages(nStatus == kExitSuccess || nStatus == kExitDeclined));
   } catch (const std::exception& e) {
     std::cerr << "ktl-cli: the command \"" << strCommand << "\" stopped on an unexpected error: " << e.what()
               << std::endl;
@@ -152,11 +158,9 @@ bool isValidCommandName(const std::string& strName) {
 
 int DriveCommand(const std::string& strCommand, const std::vector<std::string>& vecWords) {
   devhost::StartCollectingReasons();
+  devhost::ForgetQuestionOutcome();
   const int nStatus = LoadAndRun(strCommand, vecWords);
-  if (nStatus != kExitSuccess) {
-    for (const std::string& strReason : devhost::CollectedReasons()) std::cerr << "reason: " << strReason << "\n";
-    std::cerr.flush();
-  }
+  if (nStatus != kExitSuccess && nStatus != kExitDeclined) devhost::ExplainRefusal(strCommand, vecWords, std::cerr);
   return nStatus;
 }
 

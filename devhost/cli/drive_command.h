@@ -15,6 +15,7 @@ const int kExitCommandFailed = 1;
 const int kExitUsage = 2;
 const int kExitPluginUnavailable = 3;
 const int kExitException = 4;
+const int kExitDeclined = 5;
 
 // A command name becomes part of a file name and of a symbol name.
 bool isValidCommandName(const std::string& strName);
@@ -23,8 +24,9 @@ bool isValidCommandName(const std::string& strName);
 // command object with GetCommandFactory<strCommand> and calls CheckParam,
 // CheckExec and Exec, each only after the previous one returned 0, under the
 // command lock of the state directory; then deletes the object. When the
-// command was refused or failed, the reasons it traced follow its message on
-// standard error, one "reason: ..." line each. Returns the exit status.
+// command was refused or failed, its reasons (and, after a refusal of its
+// words, its usage) follow its message on standard error
+// (devhost/help/refusal_explanation.h). Returns the exit status.
 int DriveCommand(const std::string& strCommand, const std::vector<std::string>& vecWords);
 
 }  // namespace devhost

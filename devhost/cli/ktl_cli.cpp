@@ -1,7 +1,7 @@
 // ktl-cli: loads a command plug-in and drives it the way the appliance's CLI
 // does.
 //
-//   ktl-cli COMMAND WORD...
+//   ktl-cli [-v] COMMAND WORD...
 //
 // drives one command (devhost/cli/drive_command.h). The exit statuses are
 // listed in kUsage. `ktl-cli help [COMMAND]` describes the installed
@@ -16,12 +16,17 @@
 
 #include "devhost/cli/drive_command.h"
 #include "devhost/cli/shell_loader.h"
+#include "devhost/cli/standard_descriptors.h"
 #include "devhost/cli/standard_output.h"
 #include "devhost/command/interrupt.h"
+#include "devhost/compare/compare_command.h"
 #include "devhost/files/paths.h"
+#include "devhost/help/command_description.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
 #include "devhost/utilities/profile_reports.h"
+#include "devhost/utilities/terminal_text.h"
+#include "devhost/utilities/trace_echo.h"
 
 namespace {
 
@@ -29,17 +34,20 @@ using devhost::kExitSuccess;
 using devhost::kExitUsage;
 
 const char kUsage[] =
-    "Usage: ktl-cli COMMAND [WORD...]\n"
+    "Usage: ktl-cli [-v] COMMAND [WORD...]\n"
     "       ktl-cli help [COMMAND]\n"
-    "       ktl-cli            (on a terminal: the interactive shell)\n"
-    "       ktl-cli --help\n"
+    "       ktl-cli compare logger   (pending changes against the configuration in effect)\n"
+    "       ktl-cli [-v]       (on a terminal: the interactive shell)\n"
+    "       ktl-cli --help | --version\n"
     "\n"
     "Runs one command of the management CLI, e.g.\n"
     "  ktl-cli logger -confirm cur\n"
     "\n"
     "The command's plug-in libktl_cli-COMMAND.so is loaded from the plug-in\n"
     "directory; the command checks its words, then whether it may run, then\n"
-    "runs, each step only when the previous one succeeded.\n"
+    "runs, each step only when the previous one succeeded. A refusal is\n"
+    "followed by its reasons; -v (--verbose) also prints every trace line on\n"
+    "standard error, whatever KTL_TRACE_MASK says.\n"
     "\n"
     "Exit status:\n"
     "  0  the command succeeded\n"
@@ -47,6 +55,7 @@ const char kUsage[] =
     "  2  ktl-cli itself was used wrongly (no command, unknown option)\n"
     "  3  the plug-in or its factory could not be loaded\n"
     "  4  the command stopped on an unexpected error\n"
+    "  5  a question was declined or left unanswered: nothing was done\n"
     "\n"
     "Environment (current value in brackets). The KTL_* variables are\n"
     "development and test switches: they choose what ktl-cli loads, runs and\n"
@@ -81,19 +90,27 @@ void PrintUsage(std::ostream& out) {
   }
 }
 
+// The versions of this host and of the plug-in package built with it, both
+// the project's version.
+void PrintVersion(std::ostream& out) {
+  out << "ktl-cli (ktl-cli-host) " << KTL_VERSION << "\n"
+      << "libktl_cli-logger (ktl-cli-logger) " << KTL_VERSION << "\n";
+}
+
 // `ktl-cli --complete WORD... PREFIX`: what bash completion offers.
 int PrintCompletions(const std::vector<std::string>& vecArgs) {
   if (vecArgs.empty()) return kExitUsage;
   const std::vector<std::string> vecBefore(vecArgs.begin(), vecArgs.end() - 1);
-  for (const std::string& strCandidate : devhost::CompletionCandidates(vecBefore, vecArgs.back())) {
+  for (const std::string& strCandidate :
+       devhost::CompletionCandidates(vecBefore, vecArgs.back(), devhost::Place::kCommandLine)) {
     std::cout << strCandidate << "\n";
   }
   return kExitSuccess;
 }
 
 // The words after "ktl-cli", from the command line or from a line of the
-// shell.
-int RunWords(const std::vector<std::string>& vecWords) {
+// shell (ePlace).
+int RunWords(const std::vector<std::string>& vecWords, devhost::Place ePlace) {
   // Each command, and each line of the shell, says what is wrong with the
   // limits file it reads.
   devhost::StartProfileReports();
@@ -103,37 +120,54 @@ int RunWords(const std::vector<std::string>& vecWords) {
     PrintUsage(std::cout);
     return kExitSuccess;
   }
-  if (strCommand == "help") return devhost::ShowHelp(vecRest, std::cout, std::cerr);
+  if (strCommand == "--version") {
+    PrintVersion(std::cout);
+    return kExitSuccess;
+  }
+  if (strCommand == "help") return devhost::ShowHelp(vecRest, ePlace, std::cout, std::cerr);
   if (strCommand == "--complete") return PrintCompletions(vecRest);
+  if (strCommand == devhost::kCompareWord) return devhost::RunCompare(vecRest, std::cout, std::cerr);
   // "COMMAND -h" is what a newcomer types first: the command's help, not a
   // refusal of an unknown option.
   if (vecRest.size() == 1 && (vecRest.front() == "-h" || vecRest.front() == "--help") &&
       devhost::isValidCommandName(strCommand)) {
-    return devhost::ShowHelp({strCommand}, std::cout, std::cerr);
+    return devhost::ShowHelp({strCommand}, ePlace, std::cout, std::cerr);
   }
   if (!devhost::isValidCommandName(strCommand)) {
-    std::cerr << "ktl-cli: not a command name: " << strCommand << " (see ktl-cli --help)" << std::endl;
+    std::cerr << "ktl-cli: not a command name: " << devhost::EscapeControlBytes(strCommand) << " (see ktl-cli --help)"
+              << std::endl;
     return kExitUsage;
   }
+  // A word that names no plug-in is a typing error, not a loading failure.
+  if (!devhost::isInstalledCommand(strCommand)) return devhost::ShowUnknownCommand(strCommand, ePlace, std::cerr);
   return devhost::DriveCommand(strCommand, vecRest);
 }
 
 // A line of the shell: Ctrl-C ends the wait the command is in, not the shell.
 int RunShellLine(const std::vector<std::string>& vecWords) {
   const devhost::CInterruptCatcher catcher;
-  return RunWords(vecWords);
+  return RunWords(vecWords, devhost::Place::kShell);
 }
 
 bool isTerminal() { return isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1; }
 
+bool isVerboseSwitch(const std::string& strWord) { return strWord == "-v" || strWord == "--verbose"; }
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (!devhost::FillClosedStandardDescriptors()) return devhost::kExitCommandFailed;
   devhost::StandardOutput().Install();
-  if (argc < 2) {
+  std::vector<std::string> vecWords(argv + 1, argv + argc);
+  // Only before the command name: after it, "-v" is one of its words.
+  if (!vecWords.empty() && isVerboseSwitch(vecWords.front())) {
+    devhost::EchoTraceToStandardError(true);
+    vecWords.erase(vecWords.begin());
+  }
+  if (vecWords.empty()) {
     if (isTerminal()) return devhost::StartShell(RunShellLine);
     PrintUsage(std::cerr);
     return kExitUsage;
   }
-  return devhost::CheckStandardOutput(RunWords(std::vector<std::string>(argv + 1, argv + argc)));
+  return devhost::CheckStandardOutput(RunWords(vecWords, devhost::Place::kCommandLine));
 }

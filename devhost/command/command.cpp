@@ -1,13 +1,18 @@
 // CCommand: the development host's command base. It groups the words of the
 // command line into option/value pairs and, as its execution step, starts the
-// command's audit record (ktl-cli ends it with the exit status).
+// command's audit record (ktl-cli ends it with the exit status). When the
+// audit log cannot be written, a command that may change the state does not
+// run; one that only looks (a read-only form of its description) runs with a
+// warning.
 #include "host/command.h"
 
 #include <iostream>
 
 #include "devhost/command/audit_log.h"
 #include "devhost/command/current_command.h"
+#include "devhost/help/command_description.h"
 #include "devhost/service/edit_session.h"
+#include "devhost/utilities/terminal_text.h"
 
 namespace {
 
@@ -46,12 +51,17 @@ int CCommand::CheckExec() { return kOk; }
 
 int CCommand::Exec(std::string strCommand) {
   std::string strError;
-  if (!devhost::BeginAuditRecord(GetPPID(), strCommand, strError)) {
-    std::cerr << "ktl-cli: the command was not run: its audit record could not be written (" << strError << ")"
-              << std::endl;
-    return kAuditNotWritten;
+  const devhost::AuditStart eStart = devhost::BeginAuditRecord(GetPPID(), strCommand, strError);
+  if (eStart == devhost::AuditStart::kStarted) return kOk;
+  strError = devhost::EscapeControlBytes(strError);
+  if (eStart == devhost::AuditStart::kUnwritable && !m_vecCommandParam.empty() &&
+      devhost::isReadOnlyForm(devhost::CurrentCommand(), m_vecCommandParam.front().m_strOption)) {
+    std::cerr << "ktl-cli: warning: this command leaves no audit record: " << strError << std::endl;
+    return kOk;
   }
-  return kOk;
+  std::cerr << "ktl-cli: the command was not run: its audit record could not be written (" << strError << ")"
+            << std::endl;
+  return kAuditNotWritten;
 }
 
 int CCommand::SetRequiredValParam(std::vector<std::string> /*vecParam*/) { return kOk; }

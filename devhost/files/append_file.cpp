@@ -1,6 +1,7 @@
 #include "devhost/files/append_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -12,8 +13,17 @@
 namespace devhost {
 
 bool AppendToFile(const std::string& strPath, const std::string& strText, std::string& strError) {
-  const int fd = OpenTrusted(strPath, O_WRONLY | O_APPEND | O_CREAT, 0600, strError);
+  const int fd = OpenNoFollow(strPath, O_WRONLY | O_APPEND | O_CREAT, 0600, strError, FileKind::kRegularOrTerminal);
   if (fd < 0) return false;
+  // A device keeps nothing that the host reads back: only a file is
+  // checked for who may change it.
+  struct stat st;
+  const bool bChecked = fstat(fd, &st) == 0;
+  if (!bChecked) strError = "cannot check " + strPath + ": " + std::strerror(errno);
+  if (!bChecked || (S_ISREG(st.st_mode) && !isTrustedFile(fd, strPath, strError))) {
+    close(fd);
+    return false;
+  }
   ssize_t nWritten;
   BeforeFileChange();
   do {

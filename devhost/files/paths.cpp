@@ -27,8 +27,10 @@ const std::string kDataDir = KTL_HOST_DEFAULT_DATA_DIR;
 std::string StateDir() {
   const std::string strExplicit = Env("KTL_STATE_DIR");
   if (!strExplicit.empty()) return strExplicit;
+  // A relative XDG_STATE_HOME is invalid and ignored, as the XDG Base
+  // Directory rules say: it would put the state wherever the command runs.
   const std::string strXdg = Env("XDG_STATE_HOME");
-  if (!strXdg.empty()) return strXdg + "/ktl-cli";
+  if (!strXdg.empty() && strXdg[0] == '/') return strXdg + "/ktl-cli";
   const std::string strHome = Env("HOME");
   return strHome.empty() ? std::string() : strHome + "/.local/state/ktl-cli";
 }
@@ -66,5 +68,7 @@ unsigned LockTimeoutSeconds() {
 std::string TempDir() { return EnvOr("TMPDIR", "/tmp"); }
 
 unsigned long FaultKillAt() { return std::strtoul(Env("KTL_FAULT_KILL_AT").c_str(), nullptr, 10); }
+
+std::string FaultOpen() { return Env("KTL_FAULT_OPEN"); }
 
 }  // namespace devhost

@@ -3,8 +3,8 @@
 // nothing of the machine:
 //
 //   KTL_STATE_DIR      the logging tool's state (configurations, session,
-//                      audit log); default $XDG_STATE_HOME/ktl-cli, else
-//                      $HOME/.local/state/ktl-cli
+//                      audit log); default $XDG_STATE_HOME/ktl-cli (when it
+//                      is an absolute path), else $HOME/.local/state/ktl-cli
 //   KTL_PLUGIN_DIR     where ktl-cli loads libktl_cli-<command>.so from
 //   KTL_TEMPLATE_DIR   the Mustache templates (<name>.mustache)
 //   KTL_CATALOGUE      the message catalogue file
@@ -20,6 +20,9 @@
 //   TMPDIR             where command output files are created; default /tmp
 //   KTL_FAULT_KILL_AT  for tests only: kill the process before its N-th file
 //                      change (devhost/files/fault_injection.h); default 0, off
+//   KTL_FAULT_OPEN     for tests only: PATTERN:ERROR makes opening a file that
+//                      PATTERN matches fail with ERROR
+//                      (devhost/files/fault_injection.h)
 //
 // The KTL_* variables are development and test switches. A set-user-ID or
 // set-group-ID process ignores the whole environment here.
@@ -44,6 +47,7 @@ unsigned TraceMask();
 unsigned LockTimeoutSeconds();
 std::string TempDir();
 unsigned long FaultKillAt();
+std::string FaultOpen();
 
 }  // namespace devhost
 

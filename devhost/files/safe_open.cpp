@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "devhost/files/fault_injection.h"
+
 namespace devhost {
 namespace {
 
@@ -29,20 +31,65 @@ std::string TrustProblem(const struct stat& st) {
   return std::string();
 }
 
+// What a file of this type is, for a refusal: "a FIFO", "a directory".
+std::string KindName(mode_t nMode) {
+  if (S_ISFIFO(nMode)) return "a FIFO";
+  if (S_ISSOCK(nMode)) return "a socket";
+  if (S_ISDIR(nMode)) return "a directory";
+  if (S_ISCHR(nMode)) return "a character device";
+  if (S_ISBLK(nMode)) return "a block device";
+  if (S_ISLNK(nMode)) return "a symbolic link";
+  return "not a regular file";
+}
+
+bool isAcceptedKind(mode_t nMode, FileKind eKind) {
+  return S_ISREG(nMode) || (eKind == FileKind::kRegularOrTerminal && S_ISCHR(nMode));
+}
+
+std::string KindRefusal(const std::string& strPath, mode_t nMode, FileKind eKind) {
+  return "refusing " + strPath + ": it is " + KindName(nMode) +
+         (eKind == FileKind::kRegular ? ", not a regular file" : ", neither a regular file nor a character device");
+}
+
 }  // namespace
 
-int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError) {
-  int nFd;
-  do {
-    nFd = open(strPath.c_str(), nFlags | O_NOFOLLOW | O_CLOEXEC, nMode);
-  } while (nFd < 0 && errno == EINTR);
+int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError, FileKind eKind) {
+  int nFd = -1;
+  const int nInjected = InjectedOpenError(strPath);
+  if (nInjected != 0) {
+    errno = nInjected;
+  } else {
+    do {
+      nFd = open(strPath.c_str(), nFlags | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, nMode);
+    } while (nFd < 0 && errno == EINTR);
+  }
   if (nFd < 0) {
     const int nErrno = errno;
-    strError = "cannot open " + strPath + ": " +
-               (nErrno == ELOOP ? std::string("it is a symbolic link, which is not followed") : std::strerror(nErrno));
+    struct stat st;
+    // A FIFO without a reader, or a socket, answers a non-blocking open
+    // with ENXIO, which would only puzzle: say what the path is instead.
+    if (nErrno == ENXIO && lstat(strPath.c_str(), &st) == 0 && !isAcceptedKind(st.st_mode, eKind)) {
+      strError = KindRefusal(strPath, st.st_mode, eKind);
+    } else {
+      strError =
+          "cannot open " + strPath + ": " +
+          (nErrno == ELOOP ? std::string("it is a symbolic link, which is not followed") : std::strerror(nErrno));
+    }
     errno = nErrno;
     return -1;
   }
+  struct stat st;
+  const bool bChecked = fstat(nFd, &st) == 0;
+  if (!bChecked || !isAcceptedKind(st.st_mode, eKind)) {
+    strError =
+        bChecked ? KindRefusal(strPath, st.st_mode, eKind) : "cannot check " + strPath + ": " + std::strerror(errno);
+    close(nFd);
+    errno = EINVAL;
+    return -1;
+  }
+  // Later reads and writes wait as usual (a terminal may be slow to take a
+  // line); only the open must not.
+  fcntl(nFd, F_SETFL, fcntl(nFd, F_GETFL) & ~O_NONBLOCK);
   return nFd;
 }
 

@@ -4,13 +4,14 @@
 #include "devhost/help/command_description.h"
 
 #include <dirent.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <boost/property_tree/ini_parser.hpp>
 #include <boost/property_tree/ptree.hpp>
-#include <fstream>
 #include <sstream>
 
+#include "devhost/files/ini_store.h"
 #include "devhost/files/paths.h"
 #include "host/profile.h"
 
@@ -62,18 +63,26 @@ bool ReadOption(const Tree& tree, const std::string& strForm, std::string strWor
   if (it == tree.not_found()) return true;
   const Tree* pSection = &it->second;
   option.vecValues = SplitWords(Value(*pSection, "values"), '|');
+  option.vecValueMeanings = SplitWords(Value(*pSection, "value_meanings"), '|');
   option.strPlaceholder = Value(*pSection, "value");
   option.strSample = Value(*pSection, "sample");
+  option.strCompleteFrom = Value(*pSection, "complete_from");
   option.strNumberStem = Value(*pSection, "number");
   if (option.isNumber()) option.strPlaceholder = "N";
   option.strSection = Value(*pSection, "section");
   option.vecSections = SplitWords(Value(*pSection, "sections"));
   option.strNotFor = Value(*pSection, "not_for");
   option.bOptionalValue = Value(*pSection, "optional_value") == "yes";
+  option.strEndsForm = Value(*pSection, "ends_form");
   option.strMeaning = Value(*pSection, "meaning");
   if (!option.vecSections.empty() && option.vecSections.size() != option.vecValues.size()) {
     strError = strFile + ": [" + strForm + " " + strWord + "] names " + std::to_string(option.vecSections.size()) +
                " sections for " + std::to_string(option.vecValues.size()) + " values";
+    return false;
+  }
+  if (!option.vecValueMeanings.empty() && option.vecValueMeanings.size() != option.vecValues.size()) {
+    strError = strFile + ": [" + strForm + " " + strWord + "] gives " + std::to_string(option.vecValueMeanings.size()) +
+               " value meanings for " + std::to_string(option.vecValues.size()) + " values";
     return false;
   }
   return true;
@@ -85,6 +94,7 @@ bool ReadForm(const Tree& tree, const std::string& strName, CFormDescription& fo
   const Tree* pSection = nullptr;
   if (!Section(tree, "form " + strName, pSection, strFile, strError)) return false;
   form.strSummary = Value(*pSection, "summary");
+  form.bReadOnly = Value(*pSection, "read_only") == "yes";
   for (const std::string& strWord : SplitWords(Value(*pSection, "options"))) {
     COptionDescription option;
     if (!ReadOption(tree, strName, strWord, option, strFile, strError)) return false;
@@ -123,13 +133,15 @@ std::string CommandDescriptionFile(const std::string& strCommand) {
 
 bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& description, std::string& strError) {
   const std::string strFile = CommandDescriptionFile(strCommand);
-  std::ifstream in(strFile);
-  if (!in) {
-    strError = strFile + ": cannot be read";
+  std::string strText;
+  const IniRead eRead = ReadTextFile(strFile, strText, strError);
+  if (eRead != IniRead::kOk) {
+    if (eRead == IniRead::kMissing) strError = strFile + ": cannot be read";
     return false;
   }
   Tree tree;
   try {
+    std::istringstream in(strText);
     boost::property_tree::read_ini(in, tree);
     description = CCommandDescription();
     description.strCommand = strCommand;
@@ -149,6 +161,16 @@ bool ReadCommandDescription(const std::string& strCommand, CCommandDescription& 
   }
 }
 
+bool isReadOnlyForm(const std::string& strCommand, const std::string& strFirstOption) {
+  CCommandDescription description;
+  std::string strIgnored;
+  if (!ReadCommandDescription(strCommand, description, strIgnored)) return false;
+  for (const CFormDescription& form : description.vecForms) {
+    if (form.vecOptions.front().strName == strFirstOption) return form.bReadOnly;
+  }
+  return false;
+}
+
 std::vector<std::string> InstalledCommands() {
   std::vector<std::string> vecCommands;
   DIR* pDir = opendir(PluginDir().c_str());
@@ -165,6 +187,13 @@ std::vector<std::string> InstalledCommands() {
   closedir(pDir);
   std::sort(vecCommands.begin(), vecCommands.end());
   return vecCommands;
+}
+
+bool isInstalledCommand(const std::string& strCommand) {
+  // lstat, not access: a plug-in link that leads nowhere is installed, and
+  // loading it says what is wrong.
+  struct stat info;
+  return lstat((PluginDir() + "/" + kPluginPrefix + strCommand + kPluginSuffix).c_str(), &info) == 0;
 }
 
 std::string LimitsSection(const CFormDescription& form, const COptionDescription& option,

@@ -5,7 +5,10 @@
 #include <sstream>
 
 #include "devhost/help/command_description.h"
+#include "devhost/help/command_grammar.h"
+#include "devhost/help/completion.h"
 #include "devhost/utilities/profile_reports.h"
+#include "devhost/utilities/terminal_text.h"
 
 namespace devhost {
 namespace {
@@ -33,17 +36,6 @@ std::string Joined(const std::vector<std::string>& vecParts, const std::string& 
   std::string strOut;
   for (const std::string& strPart : vecParts) strOut += (strOut.empty() ? "" : strSeparator) + strPart;
   return strOut;
-}
-
-std::string OptionSynopsis(const COptionDescription& option) {
-  std::string strText = option.strName;
-  if (!option.vecValues.empty()) {
-    const std::string strValues = Joined(option.vecValues, "|");
-    strText += option.bOptionalValue ? " [" + strValues + "]" : " " + strValues;
-  } else if (!option.strPlaceholder.empty()) {
-    strText += " " + option.strPlaceholder;
-  }
-  return option.bOptional ? "[" + strText + "]" : strText;
 }
 
 // One form as typed: "logger -alert inf|wrn|err -setting on|off".
@@ -76,7 +68,12 @@ std::string RangesOf(const CCommandDescription& description, const CFormDescript
   return Joined(vecRanges, ", ");
 }
 
-void ShowCommandList(std::ostream& out) {
+// How ktl-cli's words are typed at ePlace: "ktl-cli help" or "help".
+std::string Typed(Place ePlace, const std::string& strWords) {
+  return ePlace == Place::kShell ? strWords : "ktl-cli " + strWords;
+}
+
+void ShowCommandList(Place ePlace, std::ostream& out) {
   const std::vector<std::string> vecCommands = InstalledCommands();
   out << "Commands:\n";
   size_t nColumn = 0;
@@ -86,10 +83,20 @@ void ShowCommandList(std::ostream& out) {
     std::string strError;
     const std::string strSummary = ReadCommandDescription(strCommand, description, strError)
                                        ? description.strSummary
-                                       : "(no description; ktl-cli help " + strCommand + " says why)";
+                                       : "(no description; " + Typed(ePlace, "help " + strCommand) + " says why)";
     out << "  " << strCommand << std::string(nColumn - strCommand.size() + 3, ' ') << strSummary << "\n";
   }
   if (vecCommands.empty()) out << "  (none installed)\n";
+  if (ePlace == Place::kShell) {
+    out << "\n"
+        << Wrapped(
+               "\"help COMMAND\" shows the forms and options of a command; \"--help\" shows ktl-cli's "
+               "environment and exit statuses; \"compare logger\" lists the pending changes. \"?\" lists the words "
+               "that may come next and Tab completes them; "
+               "a line that starts with \"#\" is a comment; \"exit\" or \"quit\" leaves the shell.",
+               "");
+    return;
+  }
   out << "\n"
       << Wrapped(
              "\"ktl-cli help COMMAND\" shows the forms and options of a command; \"ktl-cli --help\" shows "
@@ -124,7 +131,11 @@ void ShowCommand(const CCommandDescription& description, std::ostream& out) {
           << strText.substr(strIndent.size());
     }
   }
-  out << "\n" << Wrapped("Values from a set may be typed in any case.", "");
+  out << "\n"
+      << Wrapped(
+             "The options come in the order shown: the first one chooses the form, those in brackets may be "
+             "left out. Values from a set may be typed in any case.",
+             "");
   if (bHasLimits && !description.strLimitsFile.empty()) {
     out << Wrapped(
         "The ranges are those in force: from " + description.strLimitsFile + " where it sets them, else built-in.", "");
@@ -133,29 +144,53 @@ void ShowCommand(const CCommandDescription& description, std::ostream& out) {
 
 }  // namespace
 
-int ShowHelp(const std::vector<std::string>& vecTopics, std::ostream& out, std::ostream& err) {
+void ShowUsage(const CCommandDescription& description, const std::vector<std::string>& vecWords, std::ostream& out) {
+  std::vector<CWordPair> vecPairs;
+  std::string strStray;
+  GroupWords(vecWords, vecPairs, strStray);
+  const CFormDescription* pForm = SelectedForm(description, vecPairs);
+  const char* pszLead = "usage: ";
+  for (const CFormDescription& form : description.vecForms) {
+    if (pForm != nullptr && pForm != &form) continue;
+    out << pszLead << FormSynopsis(description.strCommand, form) << "\n";
+    pszLead = "       ";
+  }
+}
+
+int ShowHelp(const std::vector<std::string>& vecTopics, Place ePlace, std::ostream& out, std::ostream& err) {
   if (vecTopics.empty()) {
-    ShowCommandList(out);
+    ShowCommandList(ePlace, out);
     return 0;
   }
   if (vecTopics.size() > 1) {
-    err << "ktl-cli: help takes one command name (see ktl-cli help)" << std::endl;
+    err << "ktl-cli: help takes one command name (see " << Typed(ePlace, "help") << ")" << std::endl;
     return kExitUsage;
   }
   const std::string& strCommand = vecTopics.front();
   const std::vector<std::string> vecCommands = InstalledCommands();
   if (std::find(vecCommands.begin(), vecCommands.end(), strCommand) == vecCommands.end()) {
-    err << "ktl-cli: no command \"" << strCommand << "\" is installed (see ktl-cli help)" << std::endl;
-    return kExitUsage;
+    return ShowUnknownCommand(strCommand, ePlace, err);
   }
   CCommandDescription description;
   std::string strError;
   if (!ReadCommandDescription(strCommand, description, strError)) {
-    err << "ktl-cli: no help for command \"" << strCommand << "\": " << strError << std::endl;
+    err << "ktl-cli: no help for command \"" << EscapeControlBytes(strCommand) << "\": " << EscapeControlBytes(strError)
+        << std::endl;
     return kExitUsage;
   }
   ShowCommand(description, out);
   return 0;
+}
+
+int ShowUnknownCommand(const std::string& strWord, Place ePlace, std::ostream& err) {
+  std::vector<std::string> vecCommands;
+  for (const CNextWord& command : NextWords({}, "", ePlace)) {
+    if (command.strWord.front() != '-') vecCommands.push_back(command.strWord);
+  }
+  err << "ktl-cli: Unknown command \"" << EscapeControlBytes(strWord) << "\". Commands: " << Joined(vecCommands, ", ")
+      << (ePlace == Place::kShell ? "; \"?\" lists them with what they do." : "; \"ktl-cli help\" describes them.")
+      << std::endl;
+  return kExitUsage;
 }
 
 }  // namespace devhost

@@ -12,6 +12,7 @@
 #include "devhost/messages/held_messages.h"
 #include "devhost/messages/message_catalogue.h"
 #include "devhost/service/pending_edits.h"
+#include "devhost/utilities/refusal_reasons.h"
 
 namespace {
 
@@ -52,6 +53,7 @@ int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strEx
     devhost::ShowInformation(strText);
     return kInformationShown;
   }
+  devhost::NoteShownError(strMsgId);
   std::cerr << "Error: " << strText;
   if (ulCode != 0) std::cerr << " (code " << HexCode(ulCode) << ")";
   std::cerr << std::endl;

@@ -7,12 +7,11 @@ namespace devhost {
 namespace {
 
 const char kSection[] = "Messages";
+const char kDeclinedSection[] = "Declined";
 
 const char* const kInformationalIds[] = {"MSG_CLI_HOLD_PARAM", "MSG_CLI_COMPLATE_SAVE", "MSG_CLI_COMPLATE_DISCARD"};
 
-}  // namespace
-
-bool LookupMessageText(const std::string& strMsgId, std::string& strText, std::string& strProblem) {
+bool LookupText(const char* pszSection, const std::string& strMsgId, std::string& strText, std::string& strProblem) {
   strProblem.clear();
   const std::string strFile = CatalogueFile();
   IniTree catalogue;
@@ -26,10 +25,20 @@ bool LookupMessageText(const std::string& strMsgId, std::string& strText, std::s
       strProblem = "the message catalogue cannot be used: " + strProblem;
       return false;
   }
-  const std::string* pText = FindIniValue(catalogue, kSection, strMsgId);
+  const std::string* pText = FindIniValue(catalogue, pszSection, strMsgId);
   if (pText == nullptr || pText->empty()) return false;
   strText = *pText;
   return true;
+}
+
+}  // namespace
+
+bool LookupMessageText(const std::string& strMsgId, std::string& strText, std::string& strProblem) {
+  return LookupText(kSection, strMsgId, strText, strProblem);
+}
+
+bool LookupDeclinedText(const std::string& strMsgId, std::string& strText, std::string& strProblem) {
+  return LookupText(kDeclinedSection, strMsgId, strText, strProblem);
 }
 
 bool isInformationalMessage(const std::string& strMsgId) {

@@ -14,6 +14,10 @@ namespace devhost {
 // could not be read (missing file, syntax error with its line).
 bool LookupMessageText(const std::string& strMsgId, std::string& strText, std::string& strProblem);
 
+// True with what is said when question strMsgId is declined (section
+// "Declined"), e.g. "Nothing was saved."; as LookupMessageText otherwise.
+bool LookupDeclinedText(const std::string& strMsgId, std::string& strText, std::string& strProblem);
+
 // Informational messages report a success; every other identifier is an
 // error or a question.
 bool isInformationalMessage(const std::string& strMsgId);

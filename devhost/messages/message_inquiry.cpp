@@ -6,9 +6,11 @@
 #include <iostream>
 
 #include "devhost/command/interrupt.h"
+#include "devhost/compare/question_preview.h"
 #include "devhost/files/command_lock.h"
 #include "devhost/messages/held_messages.h"
 #include "devhost/messages/message_catalogue.h"
+#include "devhost/messages/question_outcome.h"
 #include "host/message.h"
 #include "host/string_util.h"
 
@@ -42,6 +44,17 @@ std::string Trimmed(const std::string& strText) {
   return strText.substr(nFirst, strText.find_last_not_of(kBlanks) - nFirst + 1);
 }
 
+// Says that nothing was done, in the question's own words when the
+// catalogue has them ("Nothing was saved."), and records the outcome.
+bool Declined(const std::string& strMsgId, const char* pszWhy) {
+  std::string strText;
+  std::string strProblem;
+  if (!devhost::LookupDeclinedText(strMsgId, strText, strProblem)) strText = "Nothing was done.";
+  std::cout << pszWhy << strText << std::endl;
+  devhost::NoteQuestionDeclined();
+  return false;
+}
+
 }  // namespace
 
 // nDefault is part of the host's interface; the answer is always asked for.
@@ -53,6 +66,10 @@ bool CMessage::Inquiry(std::string strMsgId, int /*nDefault*/) {
 
   // What the command said so far comes before its question.
   devhost::FlushHeldMessages();
+  // Read while this command still holds the lock: what the operator decides
+  // on is what the command then finds.
+  if (devhost::PreviewQuestion(strMsgId, std::cout) == devhost::QuestionNeed::kNothingTo) return true;
+
   // Other commands may run while the operator thinks about the answer.
   const devhost::CCommandLockReleased released;
 
@@ -60,17 +77,16 @@ bool CMessage::Inquiry(std::string strMsgId, int /*nDefault*/) {
     std::cout << strQuestion << " [y/n]: " << std::flush;
     std::string strAnswer;
     if (!ReadAnswerLine(strAnswer)) {
-      std::cout << std::endl << "No answer: nothing was done." << std::endl;
-      return false;
+      std::cout << std::endl;
+      return Declined(strMsgId, "No answer. ");
     }
     // An answer that does not come from a terminal was not echoed by one:
     // show it, so that a scripted session reads as it would typed.
     if (!isatty(STDIN_FILENO)) std::cout << strAnswer << std::endl;
     strAnswer = CStringUtil::StringToLowerCase(Trimmed(strAnswer));
     if (strAnswer == "y" || strAnswer == "yes") return true;
-    if (strAnswer == "n" || strAnswer == "no") return false;
+    if (strAnswer == "n" || strAnswer == "no") return Declined(strMsgId, "");
     std::cout << "Please answer y (yes) or n (no)." << std::endl;
   }
-  std::cout << "No valid answer: nothing was done." << std::endl;
-  return false;
+  return Declined(strMsgId, "No valid answer. ");
 }

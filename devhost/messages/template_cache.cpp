@@ -4,6 +4,7 @@
 
 #include "devhost/files/ini_store.h"
 #include "devhost/files/paths.h"
+#include "devhost/messages/template_nesting.h"
 
 namespace devhost {
 namespace {
@@ -23,6 +24,11 @@ bool LoadTemplate(const std::string& strName, std::string& strError) {
   if (eRead != IniRead::kOk) {
     strError = "cannot read the template " + strFile + ": " +
                (eRead == IniRead::kMissing ? std::string("it does not exist") : strError);
+    return false;
+  }
+  if (SectionDepth(strText) > kMaxSectionDepth) {
+    strError = "refusing the template " + strFile + ": its sections nest more than " +
+               std::to_string(kMaxSectionDepth) + " deep";
     return false;
   }
   auto pTemplate = std::make_shared<kainjow::mustache::mustache>(strText);

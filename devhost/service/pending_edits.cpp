@@ -15,10 +15,15 @@ CPendingEdits& CPendingEdits::OfThisCommand() {
 
 bool CPendingEdits::Refresh(const std::string& strPendingFile, std::string& strError) {
   if (m_eChange != Change::kNone) return true;
+  // Read under the lock held now: nobody else can have changed it.
+  if (m_bRead && isCommandLockHeld() && m_nReadHolding == CommandLockHolding() && m_strPath == strPendingFile) {
+    return true;
+  }
   std::string strText;
   const IniRead eRead = ReadTextFile(strPendingFile, strText, strError);
   if (eRead == IniRead::kError) return false;
   m_strPath = strPendingFile;
+  m_bRead = true;
   m_nReadHolding = CommandLockHolding();
   m_eOwnerLiveness = Liveness::kUnknown;
   m_eDiskRead = eRead;

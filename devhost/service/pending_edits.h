@@ -31,8 +31,8 @@ class CPendingEdits {
   // The view of the running command, one per process.
   static CPendingEdits& OfThisCommand();
 
-  // Reads strPendingFile again unless this command has changed its view.
-  // The caller holds the lock. False, with strError naming the file, when it
+  // Reads strPendingFile again unless this command has changed its view, or
+  // read it under the lock that this process holds now. False, with strError naming the file, when it
   // cannot be read. A file that is not a valid INI file reads as edits
   // without an owner, so that it can be discarded or taken over.
   bool Refresh(const std::string& strPendingFile, std::string& strError);
@@ -89,6 +89,7 @@ class CPendingEdits {
   std::string m_strFirstSeenText;
   bool m_bHasEdits = false;
   bool m_bSawEdits = false;
+  bool m_bRead = false;
   unsigned long m_nReadHolding = 0;  // the lock holding it was read under
   CSessionRecord m_owner;
   enum class Liveness { kUnknown, kLive, kEnded };

@@ -38,6 +38,7 @@
 #include "devhost/service/logger_conf_ini.h"
 #include "devhost/service/pending_edits.h"
 #include "devhost/service/state_view.h"
+#include "devhost/utilities/refusal_reasons.h"
 #include "host/trace_utility.h"
 
 namespace {
@@ -309,8 +310,12 @@ bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
                  "nothing was saved");
     return false;
   }
-  // No pending edits is an ordinary answer, not a failure worth explaining.
-  if (!Pending().hasEdits()) return false;
+  // No pending edits is an ordinary answer, not a failure: noted, in case
+  // it explains a refusal (a save with nothing to save).
+  if (!Pending().hasEdits()) {
+    devhost::NoteHostFact("nothing pending");
+    return false;
+  }
   devhost::IniTree tree;
   return PendingTree(tree, &conf);
 }

@@ -4,27 +4,25 @@
 
 #include <histedit.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
 
-#include "devhost/help/completion.h"
+#include "devhost/shell/history_path.h"
+#include "devhost/shell/leave_question.h"
+#include "devhost/shell/line_keys.h"
+#include "devhost/shell/own_pending_edits.h"
 
 namespace {
 
 const char kPrompt[] = "ktl> ";
-const char kHistoryFile[] = ".ktl_history";
+const char kPendingPrompt[] = "ktl [pending]> ";
 const int kHistorySize = 1000;
-const char kExitWord[] = "exit";
+const char* const kLeaveWords[] = {"exit", "quit"};
+const char kListWord[] = "?";
 const int kExitUsage = 2;
-
-const char* Prompt(EditLine*) { return kPrompt; }
-
-std::string HistoryPath() {
-  const char* pszHome = std::getenv("HOME");
-  return pszHome != nullptr && pszHome[0] != '\0' ? std::string(pszHome) + "/" + kHistoryFile : std::string();
-}
 
 struct TokenizerDeleter {
   void operator()(Tokenizer* pTokenizer) const { tok_end(pTokenizer); }
@@ -36,69 +34,30 @@ struct EditLineDeleter {
   void operator()(EditLine* pEditLine) const { el_end(pEditLine); }
 };
 
-// The longest start that all candidates share.
-std::string CommonPrefix(const std::vector<std::string>& vecCandidates) {
-  std::string strPrefix = vecCandidates.front();
-  for (const std::string& strCandidate : vecCandidates) {
-    size_t n = 0;
-    while (n < strPrefix.size() && n < strCandidate.size() && strPrefix[n] == strCandidate[n]) ++n;
-    strPrefix.resize(n);
-  }
-  return strPrefix;
+// The prompt says whether this session has edits that are not saved yet.
+std::string PromptNow() { return hasOwnPendingEdits() ? kPendingPrompt : kPrompt; }
+
+bool isLeaveWord(const std::string& strWord) {
+  return std::find(std::begin(kLeaveWords), std::end(kLeaveWords), strWord) != std::end(kLeaveWords);
 }
 
-// Tab: completes the word before the cursor as far as the candidates agree,
-// with a blank after a single candidate; lists them when they agree no
-// further.
-unsigned char Complete(EditLine* pEditLine, int) {
-  const LineInfo* pLine = el_line(pEditLine);
-  const std::string strBefore(pLine->buffer, pLine->cursor);
-  std::unique_ptr<Tokenizer, TokenizerDeleter> tokenizer(tok_init(nullptr));
-  int nArgc = 0;
-  const char** ppszArgv = nullptr;
-  // An open quote is left to the operator: nothing to complete.
-  if (tok_str(tokenizer.get(), strBefore.c_str(), &nArgc, &ppszArgv) != 0) return CC_ERROR;
-  std::vector<std::string> vecBefore(ppszArgv, ppszArgv + nArgc);
-  std::string strPrefix;
-  if (!strBefore.empty() && strBefore.back() != ' ' && !vecBefore.empty()) {
-    strPrefix = vecBefore.back();
-    vecBefore.pop_back();
-  }
-  std::vector<std::string> vecCandidates = devhost::CompletionCandidates(vecBefore, strPrefix);
-  if (vecBefore.empty() && std::string(kExitWord).compare(0, strPrefix.size(), strPrefix) == 0) {
-    vecCandidates.push_back(kExitWord);
-  }
-  if (vecCandidates.empty()) return CC_ERROR;
-  if (vecCandidates.size() == 1) {
-    const std::string strRest = vecCandidates.front().substr(strPrefix.size()) + " ";
-    el_insertstr(pEditLine, strRest.c_str());
-    return CC_REFRESH;
-  }
-  const std::string strCommon = CommonPrefix(vecCandidates);
-  if (strCommon.size() > strPrefix.size()) {
-    el_insertstr(pEditLine, strCommon.substr(strPrefix.size()).c_str());
-    return CC_REFRESH;
-  }
-  std::string strList = "\n";
-  for (const std::string& strCandidate : vecCandidates) strList += strCandidate + "  ";
-  std::fprintf(stdout, "%s\n", strList.c_str());
-  std::fflush(stdout);
-  return CC_REDISPLAY;
+// A line whose first non-blank is "#" is a comment.
+bool isComment(const char* pszLine) {
+  const std::string strLine = pszLine;
+  const std::string::size_type nFirst = strLine.find_first_not_of(" \t");
+  return nFirst != std::string::npos && strLine[nFirst] == '#';
 }
 
-// Ctrl-C at the prompt: drops the line being typed and gives a new prompt,
-// as a login shell does, rather than ending the shell. The key shows as
-// "^C" at the end of the line, and a pushed newline ends the line the usual
-// way; the loop below sees the mark and runs nothing.
-unsigned char CancelLine(EditLine* pEditLine, int) {
-  bool* pCancelled = nullptr;
-  el_get(pEditLine, EL_CLIENTDATA, &pCancelled);
-  *pCancelled = true;
-  const LineInfo* pLine = el_line(pEditLine);
-  el_cursor(pEditLine, static_cast<int>(pLine->lastchar - pLine->cursor));
-  el_insertstr(pEditLine, "^C");
-  el_push(pEditLine, "\n");
-  return CC_REFRESH;
+// The line again, without its last word "?", for the operator to go on
+// typing; nothing when it holds a key the line editor would act on.
+void OfferLineAgain(EditLine* pEditLine, std::string strLine) {
+  while (!strLine.empty() && (strLine.back() == '\n' || strLine.back() == ' ' || strLine.back() == '\t')) {
+    strLine.pop_back();
+  }
+  if (!strLine.empty()) strLine.pop_back();  // the "?"
+  const bool bPlain =
+      std::all_of(strLine.begin(), strLine.end(), [](unsigned char c) { return c >= ' ' && c != 0x7f && c != '?'; });
+  if (bPlain && !strLine.empty()) el_push(pEditLine, strLine.c_str());
 }
 
 }  // namespace
@@ -114,39 +73,31 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
   HistEvent event;
   history(historyList.get(), &event, H_SETSIZE, kHistorySize);
   history(historyList.get(), &event, H_SETUNIQUE, 1);
-  const std::string strHistory = HistoryPath();
+  const std::string strHistory = devhost::HistoryPath();
   if (!strHistory.empty()) history(historyList.get(), &event, H_LOAD, strHistory.c_str());
 
   EditLine* pEditLine = editLine.get();
+  CLineState state;
   el_set(pEditLine, EL_EDITOR, "emacs");
   el_set(pEditLine, EL_SIGNAL, 1);
-  el_set(pEditLine, EL_PROMPT, Prompt);
   el_set(pEditLine, EL_HIST, history, historyList.get());
-  // The wide form: the narrow one copies the name and help text and never
-  // frees the copies.
-  el_wset(pEditLine, EL_ADDFN, L"ktl-complete", L"complete a command, option or value", Complete);
-  el_set(pEditLine, EL_BIND, "^I", "ktl-complete", nullptr);
-  // While a line is edited, the terminal passes Ctrl-C on as a key instead
-  // of a signal. A command the line runs still gets the signal and ends, as
-  // a one-shot ktl-cli would; its files stay whole.
-  bool bCancelled = false;
-  el_set(pEditLine, EL_CLIENTDATA, &bCancelled);
-  el_set(pEditLine, EL_SETTY, "-d", "-isig", nullptr);
-  el_wset(pEditLine, EL_ADDFN, L"ktl-cancel", L"drop the line being typed", CancelLine);
-  el_set(pEditLine, EL_BIND, "^C", "ktl-cancel", nullptr);
+  BindLineKeys(pEditLine, &state);
   el_source(pEditLine, nullptr);  // the operator's ~/.editrc, as other libedit programs read it
 
   for (;;) {
+    state.strPrompt = PromptNow();
     int nCount = 0;
     const char* pszLine = el_gets(pEditLine, &nCount);
-    if (bCancelled) {
-      bCancelled = false;
+    if (state.bCancelled) {
+      state.bCancelled = false;
       continue;
     }
     if (pszLine == nullptr || nCount <= 0) {  // Ctrl-D on an empty line, or the end of input
       std::fputs("\n", stdout);
-      break;
+      if (!hasOwnPendingEdits() || AgreesToLeave()) break;
+      continue;
     }
+    if (isComment(pszLine)) continue;
     int nArgc = 0;
     const char** ppszArgv = nullptr;
     tok_reset(tokenizer.get());
@@ -155,12 +106,26 @@ extern "C" __attribute__((visibility("default"))) int ktl_shell_run(KtlRunWords 
       continue;
     }
     if (nArgc == 0) continue;
+    std::vector<std::string> vecWords(ppszArgv, ppszArgv + nArgc);
+    // A line that ends in the word "?" asks what may come next, as the key does.
+    if (vecWords.back() == kListWord) {
+      vecWords.pop_back();
+      ListNextWords(vecWords, "");
+      OfferLineAgain(pEditLine, pszLine);
+      continue;
+    }
     std::string strEntry = pszLine;
     if (!strEntry.empty() && strEntry.back() == '\n') strEntry.pop_back();
     history(historyList.get(), &event, H_ENTER, strEntry.c_str());
     if (!strHistory.empty()) history(historyList.get(), &event, H_SAVE, strHistory.c_str());
-    const std::vector<std::string> vecWords(ppszArgv, ppszArgv + nArgc);
-    if (vecWords.size() == 1 && vecWords.front() == kExitWord) break;
+    if (isLeaveWord(vecWords.front())) {
+      if (vecWords.size() > 1) {
+        std::cerr << "ktl-cli: \"" << vecWords.front() << "\" takes no words" << std::endl;
+        continue;
+      }
+      if (!hasOwnPendingEdits() || AgreesToLeave()) break;
+      continue;
+    }
     std::fflush(stdout);
     const int nStatus = pfnRunWords(vecWords);
     std::cout.flush();

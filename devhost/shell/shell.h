@@ -2,12 +2,15 @@
 // only a shell loads the line-editing library: ktl-cli dlopens the module
 // when it starts a shell and calls kShellEntryPoint.
 //
-// The shell prompts "ktl> ", edits lines with libedit, keeps their history
-// in ~/.ktl_history and completes with Tab (devhost/help/completion.h). Each
-// line is split into words as a POSIX shell would (quotes, backslashes) and
-// handed to the caller's pfnRunWords, exactly the words that would follow
-// "ktl-cli"; a status other than 0 is shown after the command's output.
-// "exit" or Ctrl-D ends the shell.
+// The shell prompts "ktl> " ("ktl [pending]> " while its session has pending
+// edits), edits lines with libedit, keeps their history in ~/.ktl_history,
+// completes with Tab and lists what may come next with "?"
+// (devhost/shell/line_keys.h). Each line is split into words as a POSIX
+// shell would (quotes, backslashes) and handed to the caller's pfnRunWords,
+// exactly the words that would follow "ktl-cli"; a status other than 0 is
+// shown after the command's output. A line that starts with "#" is a
+// comment. "exit", "quit" or Ctrl-D ends the shell, after asking while
+// pending edits are not saved.
 #ifndef KTL_DEVHOST_SHELL_SHELL_H
 #define KTL_DEVHOST_SHELL_SHELL_H
 
@@ -16,7 +19,7 @@
 
 typedef int (*KtlRunWords)(const std::vector<std::string>& vecWords);
 
-// The entry point: runs the shell until "exit" or end of input; returns
+// The entry point: runs the shell until the operator leaves it; returns
 // ktl-cli's exit status (0, or 2 when the terminal cannot be set up).
 extern "C" int ktl_shell_run(KtlRunWords pfnRunWords);
 

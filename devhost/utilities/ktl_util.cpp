@@ -16,19 +16,24 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <cstring>
+#include <iostream>
 #include <vector>
 
+#include "devhost/files/fault_injection.h"
 #include "devhost/files/leftovers.h"
 #include "devhost/files/paths.h"
 #include "devhost/utilities/format.h"
+#include "devhost/utilities/terminal_text.h"
 
 extern char** environ;
 
 namespace {
 
 const char kMountCommand[] = "/bin/mount";
-// Output files: ktl-cmd-<pid>.XXXXXX in TMPDIR.
+// Output files: ktl-cmd-<pid>.XXXXXX in TMPDIR, else in /tmp.
 const char kOutputFilePrefix[] = "ktl-cmd-";
+const char kFallbackTempDir[] = "/tmp";
 
 // Runs strCommand with /bin/sh, its standard output going to fdOutput, and
 // waits for it.
@@ -48,11 +53,30 @@ void RunShellCommand(const std::string& strCommand, int fdOutput) {
   posix_spawn_file_actions_destroy(&actions);
 }
 
+// A new output file in strDir: its descriptor and path, or -1 with errno set.
+int CreateOutputFile(const std::string& strDir, std::string& strPath) {
+  const std::string strTemplate = strDir + "/" + devhost::TempFileTemplate(kOutputFilePrefix);
+  std::vector<char> path(strTemplate.begin(), strTemplate.end());
+  path.push_back('\0');
+  strPath = strTemplate;
+  const int nInjected = devhost::InjectedOpenError(strTemplate);
+  if (nInjected != 0) {
+    errno = nInjected;
+    return -1;
+  }
+  // Mode 0600: the output may tell what is mounted where.
+  const int fd = mkostemp(path.data(), O_CLOEXEC);
+  strPath = path.data();
+  return fd;
+}
+
 }  // namespace
 
-// Returns the output file's path, which the caller reads and removes. When no
-// file can be created, the path returned names no file, so the caller's open
-// fails and it reports the failure.
+// Returns the output file's path, which the caller reads and removes. A
+// TMPDIR where no file can be made gives way to /tmp, as for other programs
+// that use mkstemp. When no file can be created there either, that is said
+// on standard error and the path returned names no file, so the caller's
+// open fails and it reports the failure too.
 std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   va_list args;
   va_start(args, pszFormat);
@@ -63,13 +87,21 @@ std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   const std::string strDir = devhost::TempDir();
   // Output files of commands killed before their caller removed them.
   devhost::RemoveLeftovers(strDir, kOutputFilePrefix, true);
-  const std::string strTemplate = strDir + "/" + devhost::TempFileTemplate(kOutputFilePrefix);
-  std::vector<char> path(strTemplate.begin(), strTemplate.end());
-  path.push_back('\0');
-  // Mode 0600: the output may tell what is mounted where.
-  const int fd = mkostemp(path.data(), O_CLOEXEC);
-  if (fd < 0) return strTemplate;  // the unexpanded template: no such file
+  std::string strPath;
+  int fd = CreateOutputFile(strDir, strPath);
+  if (fd < 0) {
+    const int nErrno = errno;
+    std::string strProblem = devhost::EscapeControlBytes(strDir) + ": " + std::strerror(nErrno);
+    if (strDir != kFallbackTempDir) {
+      fd = CreateOutputFile(kFallbackTempDir, strPath);
+      if (fd < 0) strProblem += "; nor in " + std::string(kFallbackTempDir) + ": " + std::strerror(errno);
+    }
+    if (fd < 0) {
+      std::cerr << "ktl-cli: cannot create a temporary file in " << strProblem << std::endl;
+      return strPath;  // still the template, which names no file
+    }
+  }
   RunShellCommand(strCommand, fd);
   close(fd);
-  return std::string(path.data());
+  return strPath;
 }

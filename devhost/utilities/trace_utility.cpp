@@ -11,7 +11,8 @@
 // dropped, and errno is left as the caller had it.
 //
 // Lines of the levels that explain a refusal also go to the reasons of the
-// current command (devhost/utilities/refusal_reasons.h), whatever the mask.
+// current command (devhost/utilities/refusal_reasons.h), whatever the mask;
+// under `ktl-cli -v` every line is also echoed on standard error.
 #include "host/trace_utility.h"
 
 #include <cerrno>
@@ -23,6 +24,7 @@
 #include "devhost/utilities/format.h"
 #include "devhost/utilities/refusal_reasons.h"
 #include "devhost/utilities/timestamp.h"
+#include "devhost/utilities/trace_echo.h"
 
 namespace {
 
@@ -34,9 +36,11 @@ void AppendTraceLine(const char* pszModule, unsigned nLevel, const char* pszForm
   try {
     const bool bTraced = (nLevel & devhost::TraceMask()) != 0;
     const bool bReason = (nLevel & kReasonLevels) != 0;
-    if ((!bTraced && !bReason) || pszFormat == nullptr) return;
+    const bool bEchoed = devhost::isTraceEchoed();
+    if ((!bTraced && !bReason && !bEchoed) || pszFormat == nullptr) return;
     const std::string strText = devhost::FormatV(pszFormat, args);
-    if (bReason) devhost::NoteTracedReason(pszModule, nLevel, strText);
+    if (bReason) devhost::NoteTracedReason(pszModule, nLevel, pszFormat, strText);
+    if (bEchoed) devhost::EchoTraceLine(pszModule, nLevel, strText);
     if (!bTraced) return;
     const std::string strLine = devhost::LocalTimestamp() + " " + (pszModule ? pszModule : "-") + " " +
                                 std::to_string(nLevel) + " " + strText + "\n";

@@ -52,7 +52,8 @@ value sets and the limits in force.
         Drop the pending configuration.
           -nochk  do not ask before discarding
   
-  Values from a set may be typed in any case.
+  The options come in the order shown: the first one chooses the form, those in
+  brackets may be left out. Values from a set may be typed in any case.
   The ranges are those in force: from /opt/velmora/ktl/cli/LoggerParams.ini where
   it sets them, else built-in.
 
@@ -76,7 +77,7 @@ Help for what is not installed, or for too much at once, is a usage error;
 "-h" with more words is the command's own business.
 
   $ ktl-cli help nosuch
-  ktl-cli: no command "nosuch" is installed (see ktl-cli help)
+  ktl-cli: Unknown command "nosuch". Commands: logger, help, compare; "ktl-cli help" describes them.
   [2]
   $ ktl-cli help logger extra
   ktl-cli: help takes one command name (see ktl-cli help)
@@ -111,9 +112,42 @@ still shows the command.
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
   ktl-cli: no help for command "bare": */plugins/bare.command.ini: [limits A] X_MIN is not a number: low (glob)
   [2]
+  $ printf '[command]\nforms = only\n[form only]\noptions = -x\n[only -x]\nvalues = a|b\nvalue_meanings = just one\n' > plugins/bare.command.ini
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
+  ktl-cli: no help for command "bare": */plugins/bare.command.ini: [only -x] gives 1 value meanings for 2 values (glob)
+  [2]
   $ printf '[command]\nforms\n' > plugins/bare.command.ini
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help bare
   ktl-cli: no help for command "bare": */plugins/bare.command.ini:2: '=' character not found in line (glob)
   [2]
   $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli help | sed -n 2p
     bare   (no description; ktl-cli help bare says why)
+
+`ktl-cli --version` names the versions of the host and of the plug-in
+package built with it.
+
+  $ ktl-cli --version
+  ktl-cli (ktl-cli-host) *.*.* (glob)
+  libktl_cli-logger (ktl-cli-logger) *.*.* (glob)
+
+A word that names no installed command is an unknown command, whatever it
+looks like, with the same status; a plug-in that is there but cannot be
+loaded is a loading failure, with the loader's reason.
+
+  $ ktl-cli foo -confirm cur
+  ktl-cli: Unknown command "foo". Commands: logger, help, compare; "ktl-cli help" describes them.
+  [2]
+  $ ktl-cli '?'
+  ktl-cli: Unknown command "?". Commands: logger, help, compare; "ktl-cli help" describes them.
+  [2]
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli foo
+  ktl-cli: Unknown command "foo". Commands: bare, help, compare; "ktl-cli help" describes them.
+  [2]
+  $ printf 'not a library' > plugins/libktl_cli-broken.so
+  $ ln -s nowhere.so plugins/libktl_cli-dangling.so
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli broken -x
+  ktl-cli: cannot load the plug-in of command "broken" (*/plugins/libktl_cli-broken.so): */plugins/libktl_cli-broken.so: file too short (glob)
+  [3]
+  $ KTL_PLUGIN_DIR=$PWD/plugins ktl-cli dangling
+  ktl-cli: cannot load the plug-in of command "dangling" (*/plugins/libktl_cli-dangling.so): */plugins/libktl_cli-dangling.so: cannot open shared object file: No such file or directory (glob)
+  [3]

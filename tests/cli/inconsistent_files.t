@@ -3,7 +3,7 @@ the section and the key; the command fails and writes nothing.
 
   $ state=$HOME/.local/state/ktl-cli
   $ ktl-cli logger -mp /data -setting on -threshold 55
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ cp $state/logger.edit.ini good.ini
   $ refused() { sed "$1" good.ini > $state/logger.edit.ini; cp $state/logger.edit.ini before.ini; ktl-cli logger "${@:2}"; echo "[$?]"; cmp -s before.ini $state/logger.edit.ini || echo changed; }
 
@@ -12,14 +12,12 @@ next mount point would overwrite an entry):
 
   $ refused s/NumFileSys=1/NumFileSys=99999999999/ -mp /var/log -setting on
   ktl-cli: */logger.edit.ini: [FILESYS] NumFileSys: "99999999999" is not a number from 0 to 9999 (glob)
-  reason: SyslogOutput is OFF
   [1]
   $ refused s/NumFileSys=1/NumFileSys=-4/ -confirm edit
   ktl-cli: */logger.edit.ini: [FILESYS] NumFileSys: "-4" is not a number from 0 to 9999 (glob)
   [1]
   $ refused 's/NumFileSys=1/NumFileSys=1\n[FSNAME-2]\nMount=\/dev\/shm/' -mp /var/log -setting on
   ktl-cli: */logger.edit.ini: [FILESYS] NumFileSys: "1" is below the highest entry number, [FSNAME-2] (glob)
-  reason: SyslogOutput is OFF
   [1]
   $ refused s/NumFileSys=1/NumFileSys=/ -save -nochk
   ktl-cli: */logger.edit.ini: [FILESYS] NumFileSys: "" is not a number from 0 to 9999 (glob)

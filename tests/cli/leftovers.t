@@ -25,3 +25,13 @@ anything that is not a plain file:
   logger.ini.tmp.4194305.Other1
   logger.ini.tmp.4194305.toolong
   logger.ini.tmp.LIVE.Alive1
+
+A TMPDIR where no file can be made gives way to /tmp, as it does for other
+programs; when /tmp fails too, both are named before the refusal that
+follows from it:
+
+  $ KTL_FAULT_OPEN="$TMPDIR/ktl-cmd-*:EACCES" ktl-cli logger -mp /var/log -setting on
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
+  $ KTL_FAULT_OPEN="*/ktl-cmd-*:ENOSPC" ktl-cli logger -mp /data -setting on 2>&1 | sed -n 1,2p
+  ktl-cli: cannot create a temporary file in /*: No space left on device; nor in /tmp: No space left on device (glob)
+  Error: The directory is not a mounted file system. Give the mount point of a mounted file system.

@@ -3,15 +3,15 @@ configuration, shown by -confirm edit, and put into effect by -save.
 
   $ state=$HOME/.local/state/ktl-cli
   $ ktl-cli logger -alert err -setting off
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ ktl-cli logger -device cpu -setting on -interval 30 -count 5 -threshold 70
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ ktl-cli logger -device disk -setting on -interval 600
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ ktl-cli logger -mp /data -setting on -threshold 80
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ ktl-cli logger -mp /var/log -setting off
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ ktl-cli logger -confirm edit > edit.out; tail -8 edit.out
       Interval (seconds)    : 60
       Count                 : 3
@@ -34,22 +34,31 @@ is switched on is not mounted any more), and a command of another session.
   $ unchanged() { cmp -s cur.ini $state/logger.ini && cmp -s edit.ini $state/logger.edit.ini && echo unchanged; }
   $ ktl-cli logger -verbose; unchanged
   Error: The command line is not valid. Check the options, their order and their values.
-  reason: Unknown Parameter Error: -verbose
+  reason: -verbose: unknown option; the command starts with one of -syslogoutput, -alert, -device, -mp, -confirm, -save or -discard
+  usage: logger -syslogoutput on|off
+         logger -alert inf|wrn|err -setting on|off
+         logger -device cpu|mem|disk -setting on|off [-interval N] [-count N] [-threshold N]
+         logger -mp DIR -setting on|off [-threshold N]
+         logger -confirm [cur|edit]
+         logger -save [-nochk]
+         logger -discard [-nochk]
   unchanged
   $ ktl-cli logger -mp /data/ -setting on; unchanged
   Error: The directory is not a mounted file system. Give the mount point of a mounted file system.
-  reason: SyslogOutput is ON
-  reason: mount exp=/data/, res=/sys
-  reason: mount exp=/data/, res=/proc
-  reason: mount exp=/data/, res=/
-  reason: mount exp=/data/, res=/dev/shm
-  reason: mount exp=/data/, res=/data
-  reason: mount exp=/data/, res=/var/log
+  reason: /data/ is not a mounted file system; mounted: /, /data, /dev/shm, /var/log
   unchanged
   $ echo y | KTL_MOUNT_CMD=true ktl-cli logger -save; unchanged
+  Saving puts 8 pending changes into effect (in effect -> pending):
+    Error alerts: On -> Off
+    CPU usage monitor, Interval (seconds): 60 -> 30
+    CPU usage monitor, Count: 3 -> 5
+    CPU usage monitor, Threshold (%): 90 -> 70
+    Disk usage monitor: Off -> On
+    Disk usage monitor, Interval (seconds): 300 -> 600
+    Mount point /data: added (On, Threshold (%) 80)
+    Mount point /var/log: added (Off, Threshold (%) not set)
   Save the pending changes and put the logger configuration into effect? [y/n]: y
   Error: The configuration was not saved: the disk usage monitor is on but watches no mounted, switched-on mount point. Add or switch on a mount point, or switch the disk monitor off.
-  reason: operator+=()
   unchanged
   $ setsid -w ktl-cli logger -syslogoutput off; unchanged
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
@@ -88,10 +97,14 @@ in effect is what was confirmed.
 A discard drops the pending edits after its question:
 
   $ ktl-cli logger -syslogoutput off
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ echo n | ktl-cli logger -discard
+  This drops 1 pending change (compare logger lists it).
   Discard all pending changes of the logger configuration? [y/n]: n
+  Nothing was discarded.
+  [5]
   $ echo y | ktl-cli logger -discard
+  This drops 1 pending change (compare logger lists it).
   Discard all pending changes of the logger configuration? [y/n]: y
   The pending changes were discarded.
   $ ls $state | grep -c edit
@@ -102,7 +115,8 @@ The trace: a rejected parameter (level 16) and ktl-cli's notes (level 1).
 
   $ KTL_TRACE_MASK=0x11 ktl-cli logger -device cpu -setting on -threshold 5
   Error: The command line is not valid. Check the options, their order and their values.
-  reason: Parameter Error: -threshold 5 (allowed 10 to 100: CPU THRESHOLD_MIN, THRESHOLD_MAX in /opt/velmora/ktl/cli/LoggerParams.ini, or built-in)
+  reason: -threshold 5: out of range, 10 to 100 for cpu (CPU THRESHOLD_MIN, THRESHOLD_MAX in /opt/velmora/ktl/cli/LoggerParams.ini)
+  usage: logger -device cpu|mem|disk -setting on|off [-interval N] [-count N] [-threshold N]
   [1]
   $ sed 's/^[-0-9T:]* //' $state/trace.log
   cli 16 bool CLoggerConfigCmd::CheckSetThreshold() Parameter Error: -threshold 5

@@ -8,13 +8,14 @@ fit an int, a minimum above its maximum. Each is said once per command.
   $ printf '[CPU]\nTHRESHOLD_MIN = ten\n[MEMORY]\nCOUNT_MAX = 99999999999\n[DISK]\nTHRESHOLD_MIN = 90\nTHRESHOLD_MAX = 50\n' > root/opt/velmora/ktl/cli/LoggerParams.ini
   $ ktl-cli logger -device cpu -setting on -threshold 50
   ktl-cli: /*/root/opt/velmora/ktl/cli/LoggerParams.ini: [CPU] THRESHOLD_MIN="ten" is not a number; it is read as 0 (glob)
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ ktl-cli logger -device cpu -setting on -threshold 50 2>&1 >/dev/null | grep -c 'is not a number'
   1
   $ ktl-cli logger -mp /data -setting on -threshold 60
   ktl-cli: /*/root/opt/velmora/ktl/cli/LoggerParams.ini: [DISK] THRESHOLD_MIN=90 is above THRESHOLD_MAX=50; no value is in that range (glob)
   Error: The command line is not valid. Check the options, their order and their values.
-  reason: Parameter Error: -threshold 60 (allowed 90 to 50: DISK THRESHOLD_MIN, THRESHOLD_MAX in /opt/velmora/ktl/cli/LoggerParams.ini, or built-in)
+  reason: -threshold 60: out of range, 90 to 50 (DISK THRESHOLD_MIN, THRESHOLD_MAX in /opt/velmora/ktl/cli/LoggerParams.ini)
+  usage: logger -mp DIR -setting on|off [-threshold N]
   [1]
 
 Help reads the limits as the plug-in does, reports them the same way, and

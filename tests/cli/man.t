@@ -4,7 +4,7 @@ drives through the plug-in).
 
   $ pages=$TESTDIR/../../devhost/man
   $ for page in ktl-cli ktl-cli-logger; do MANWIDTH=80 man --warnings -l "$pages/$page.1" > /dev/null; done
-  $ MANWIDTH=200 man -l "$pages/ktl-cli-logger.1" | sed -n '/^SYNOPSIS/,/^$/p' | sed '1d;$d;s/^ *//' > man-forms
+  $ MANWIDTH=200 man -l "$pages/ktl-cli-logger.1" | sed -n '/^SYNOPSIS/,/^$/p' | sed '1d;$d;s/^ *//;s/^ktl-cli //' > man-forms
   $ ktl-cli help logger | sed -n 's/^  logger /logger /p' > help-forms
   $ diff -i help-forms man-forms
   $ wc -l < man-forms

@@ -18,7 +18,6 @@ found", "syslog output is off"):
   $ printf '[Syslog\n' > $state/logger.ini
   $ ktl-cli logger -alert inf -setting off
   ktl-cli: /*/ktl-cli/logger.ini:1: malformed INI file: unmatched '[' (glob)
-  reason: SyslogOutput is OFF
   [1]
   $ cp good.ini $state/logger.ini
   $ printf '[Syslog]\nOutput=yes\n' > $state/logger.edit.ini
@@ -37,5 +36,5 @@ Output that cannot be written fails the command, whatever it was:
   [1]
   $ ktl-cli logger -syslogoutput on > /dev/full
   ktl-cli: cannot write the command's output to standard output: No space left on device
-  ktl-cli: the command took effect all the same: The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  ktl-cli: the command took effect all the same: The change is pending: "logger -save" applies it, "logger -discard" drops it.
   [1]

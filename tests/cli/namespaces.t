@@ -6,13 +6,14 @@ their owner and how to release them.
 
   $ unshare -p -f --mount-proc true 2>/dev/null || exit 80
   $ state=$HOME/.local/state/ktl-cli
-The first container's session edits and goes on running; it ends when the
-test kills it.
+
+The first container's session edits and goes on running until the test
+lets it end.
 
   $ waitfor() { for i in $(seq 600); do eval "$1" && return; sleep 0.1; done; echo "timed out: $1"; }
-  $ unshare -p -f --kill-child --mount-proc setsid -w sh -c 'ktl-cli logger -syslogoutput off > edit.out; sleep 60' &
+  $ unshare -p -f --mount-proc setsid -w sh -c 'ktl-cli logger -syslogoutput off > edit.out; while [ ! -e end ]; do sleep 0.1; done' &
   $ waitfor "[ -s edit.out ]"; cat edit.out
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ grep -c PidNamespace= $state/logger.edit.ini
   1
   $ unshare -p -f --mount-proc setsid -w sh -c 'ktl-cli logger -discard -nochk'
@@ -28,7 +29,7 @@ releases them.
 
   $ ktl-cli logger -confirm edit | grep 'Syslog output'
     Syslog output           : Off
-  $ kill %1; wait
+  $ touch end; wait
   $ rm $state/logger.edit.ini
   $ ktl-cli logger -syslogoutput on
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.

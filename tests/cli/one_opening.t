@@ -72,6 +72,7 @@ again after the answer, and only then.
   lock
     logger.edit.ini
     audit.log
+    logger.ini
   lock
     logger.edit.ini
     logger.ini

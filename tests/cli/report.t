@@ -63,11 +63,26 @@ A report template that cannot be loaded is named:
   $ KTL_TEMPLATE_DIR=$PWD/none ktl-cli logger -confirm cur
   ktl-cli: cannot read the template */none/logger.mustache: it does not exist (glob)
   Error: The logging tool's service failed to carry out the request. Try again; if the error persists, contact your support representative. (code 0xFF000001)
-  reason: TempleteContext Init Error
+  reason: the report's template could not be loaded
   [1]
   $ mkdir broken; echo '{{#Open}}never closed' > broken/logger.mustache
   $ KTL_TEMPLATE_DIR=$PWD/broken ktl-cli logger -confirm cur
   ktl-cli: the template */broken/logger.mustache cannot be parsed: Unclosed section "Open" at 0 (glob)
   Error: The logging tool's service failed to carry out the request. Try again; if the error persists, contact your support representative. (code 0xFF000001)
-  reason: TempleteContext Init Error
+  reason: the report's template could not be loaded
   [1]
+  $ mkdir deep
+  $ printf '%.0s{{#Deep}}' $(seq 101) > deep/logger.mustache
+  $ printf '%.0s{{/Deep}}' $(seq 101) >> deep/logger.mustache
+  $ KTL_TEMPLATE_DIR=$PWD/deep ktl-cli logger -confirm cur
+  ktl-cli: refusing the template */deep/logger.mustache: its sections nest more than 100 deep (glob)
+  Error: The logging tool's service failed to carry out the request. Try again; if the error persists, contact your support representative. (code 0xFF000001)
+  reason: the report's template could not be loaded
+  [1]
+  $ printf '{{=<< >>=}}' > deep/logger.mustache
+  $ printf '%.0s<<#Deep>>' $(seq 20000) >> deep/logger.mustache
+  $ KTL_TEMPLATE_DIR=$PWD/deep ktl-cli logger -confirm cur 2>&1 | sed -n 1p
+  ktl-cli: refusing the template */deep/logger.mustache: its sections nest more than 100 deep (glob)
+  $ printf '%.0s{{#Deep}}' $(seq 100) > deep/logger.mustache
+  $ printf '%.0s{{/Deep}}' $(seq 100) >> deep/logger.mustache
+  $ KTL_TEMPLATE_DIR=$PWD/deep ktl-cli logger -confirm cur

@@ -4,13 +4,13 @@ session). Wrappers, subshells and pipelines of this shell are this session;
 
   $ state=$HOME/.local/state/ktl-cli
   $ ktl-cli logger -syslogoutput off
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ timeout 10 ktl-cli logger -syslogoutput on
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ (ktl-cli logger -alert wrn -setting off)
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ { ktl-cli logger -device mem -setting off; } | cat
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ sh -c 'ktl-cli logger -confirm edit' | grep -E 'Warning|Memory'
       Warning alerts        : Off
     Memory usage monitor    : Off
@@ -21,7 +21,7 @@ sudo process: that command is still of the session sudo was started from
 
   $ ln -s /bin/sh sudo
   $ setsid -w ./sudo -c 'ktl-cli logger -alert inf -setting off; true'
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
 
 Another session may look, but neither edit, save nor discard; the discard
 names the owner.
@@ -29,7 +29,6 @@ names the owner.
   $ setsid -w ktl-cli logger -device cpu -setting off
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
   ktl-cli: the pending changes in /*/ktl-cli/logger.edit.ini belong to session * of user *, held since *, whose leader (process *) is still running; "logger -discard" in that session releases them, or removing the file once it has ended (glob)
-  reason: SyslogOutput is ON
   [1]
   $ setsid -w ktl-cli logger -save -nochk
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
@@ -49,9 +48,9 @@ edits them: here, a session that ends with its one command.
   $ ktl-cli logger -discard -nochk
   The pending changes were discarded.
   $ setsid -w ktl-cli logger -device cpu -setting off
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ ktl-cli logger -device mem -setting off
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
   $ ktl-cli logger -confirm edit | grep -A0 'usage monitor'
     CPU usage monitor       : Off
     Memory usage monitor    : Off
@@ -67,6 +66,9 @@ comes once the pending file is gone.
   $ ktl-cli logger -discard -nochk
   The pending changes were discarded.
   $ wait; cat save.out
+  Saving puts 2 pending changes into effect (in effect -> pending):
+    CPU usage monitor: On -> Off
+    Memory usage monitor: On -> Off
   Save the pending changes and put the logger configuration into effect? [y/n]: y
   ktl-cli: the pending changes were discarded by another command while this one waited for an answer; nothing was saved
   $ ktl-cli logger -confirm cur | grep 'CPU usage'

@@ -13,15 +13,18 @@ KTL_LOCK_TIMEOUT seconds:
   $ wait
 
 A read-only state directory can still be looked at, with or without its lock
-files; a change is refused, naming the file and the system error:
+files, though without an audit record; a change is refused before it
+starts, since its audit record cannot be written:
 
   $ unshare -m sh -c "mount --bind -o ro $state $state && ktl-cli logger -confirm edit | head -3"
+  ktl-cli: warning: this command leaves no audit record: cannot open /*/ktl-cli/audit.log: Read-only file system (glob)
   Logger configuration
   
     Syslog output           : On
   $ ktl-cli logger -discard -nochk > /dev/null
   $ rm $state/*.lock
   $ unshare -m sh -c "mount --bind -o ro $state $state && ktl-cli logger -confirm cur | head -1 && ktl-cli logger -syslogoutput off"
+  ktl-cli: warning: this command leaves no audit record: cannot open /*/ktl-cli/audit.log: Read-only file system (glob)
   Logger configuration
-  ktl-cli: cannot change /*/ktl-cli/logger.edit.ini: /*/ktl-cli: Read-only file system (glob)
+  ktl-cli: the command was not run: its audit record could not be written (cannot open /*/ktl-cli/audit.log: Read-only file system) (glob)
   [1]

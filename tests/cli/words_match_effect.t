@@ -6,13 +6,13 @@ took effect.
 
   $ state=$HOME/.local/state/ktl-cli
   $ ktl-cli logger -device cpu -setting off
-  The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  The change is pending: "logger -save" applies it, "logger -discard" drops it.
 
-A discard that cannot remove the pending configuration (a read-only state
-directory) says so, and not that it discarded anything:
+A discard that cannot remove the pending configuration (here a mount
+point, which unlink refuses) says so, and not that it discarded anything:
 
-  $ unshare -m sh -c "mount --bind -o ro $state $state && ktl-cli logger -discard -nochk"
-  ktl-cli: cannot remove /*/ktl-cli/logger.edit.ini: Read-only file system (glob)
+  $ unshare -m sh -c "mount --bind $state/logger.edit.ini $state/logger.edit.ini && ktl-cli logger -discard -nochk"
+  ktl-cli: cannot remove /*/ktl-cli/logger.edit.ini: Device or resource busy (glob)
   [1]
   $ grep -A1 CPU $state/logger.edit.ini
   [CPU]
@@ -23,7 +23,7 @@ failure says so:
 
   $ ktl-cli logger -alert wrn -setting off > /dev/full
   ktl-cli: cannot write the command's output to standard output: No space left on device
-  ktl-cli: the command took effect all the same: The change is held in the pending configuration. Run "logger -save" to put it into effect or "logger -discard" to drop it.
+  ktl-cli: the command took effect all the same: The change is pending: "logger -save" applies it, "logger -discard" drops it.
   [1]
   $ grep Warning= $state/logger.edit.ini
   Warning=0x10
@@ -52,5 +52,7 @@ was discarded; see lifecycle.t):
   $ ktl-cli logger -save -nochk
   The pending changes were saved and are now in effect.
   $ wait; cat save.out
+  Saving puts 1 pending change into effect (in effect -> pending):
+    Syslog output: On -> Off
   Save the pending changes and put the logger configuration into effect? [y/n]: y
   ktl-cli: the pending changes were saved by another command while this one waited for an answer; they are in effect, and this command saved nothing

@@ -148,6 +148,33 @@ TEST_F(CommandDescriptionTest, EveryFormOptionAndValueIsTheOneThePluginAccepts) 
   }
 }
 
+// Completion offers nothing after a value that ends the form: the plug-in
+// must refuse every optional option there, and accept them with another value.
+TEST_F(CommandDescriptionTest, AValueThatEndsTheFormIsOneAfterWhichThePluginRefusesMore) {
+  size_t nEnding = 0;
+  for (const CFormDescription& form : m_description.vecForms) {
+    for (const COptionDescription& option : form.vecOptions) {
+      if (option.strEndsForm.empty()) continue;
+      ++nEnding;
+      Words vecBase = Base(form);
+      const auto itOption = std::find(vecBase.begin(), vecBase.end(), option.strName);
+      ASSERT_NE(itOption, vecBase.end()) << option.strName << " of " << form.strName << " is no required option";
+      std::string& strValue = *(itOption + 1);
+      for (const COptionDescription& more : form.vecOptions) {
+        if (!more.bOptional) continue;
+        const Words vecMore = {more.strName, more.vecValues.empty() ? "50" : more.vecValues.front()};
+        strValue = option.strEndsForm;
+        ExpectAccepted(With(vecBase, vecMore), false);
+        for (const std::string& strOther : option.vecValues) {
+          strValue = strOther;
+          if (strOther != option.strEndsForm) ExpectAccepted(With(vecBase, vecMore), true);
+        }
+      }
+    }
+  }
+  EXPECT_GT(nEnding, 0u) << "no value ends a form";
+}
+
 TEST_F(CommandDescriptionTest, NumbersAreAllowedExactlyWithinTheLimitsInForce) {
   ExpectRangesInForce();
   // Every bound moved by a limits file: the description must name the keys
