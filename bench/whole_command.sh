@@ -4,6 +4,14 @@
 # run so that the ratios share the machine's load. "ktl-cli --help" runs
 # beside them: the start of ktl-cli and the C++ runtime without any command,
 # the floor under every command.
+#
+# Then the paired runs: an edit, "-confirm cur" and a "-save -nochk" of a
+# pending edit with two mount points (which runs /bin/mount, as it must),
+# each against a dynamically linked C++ hello world built here, one after the
+# other in every round, so that both share the machine's load at that moment.
+# It prints the ratio of the wall-clock medians and the median of the
+# rounds' ratios, with the targets (edit 1.2, confirm 1.3, save 2 times
+# hello). KTL_PAIRED_ROUNDS sets the rounds (default 200, at least 100).
 #   bench/whole_command.sh [BUILD_DIR [BASELINE_BUILD_DIR]]
 # BUILD_DIR defaults to build-bench, the "bench" preset. With a baseline (a
 # Release build of an earlier commit) its ktl-cli makes the same edit in the
@@ -19,7 +27,7 @@ if [ -n "${2:-}" ]; then
   [ -x "$baseline_cli" ] || { echo "whole_command: no $baseline_cli" >&2; exit 1; }
   baseline=(-n ktl-cli-before "$baseline_cli logger -syslogoutput on")
 fi
-for tool in hyperfine crudini; do
+for tool in hyperfine crudini g++; do
   command -v "$tool" >/dev/null || { echo "whole_command: $tool is missing; run scripts/setup.sh" >&2; exit 1; }
 done
 
@@ -81,6 +89,76 @@ if "ktl-cli-before" in runs:
     print(f"one-shot edit before {before['median']*1e3:.3f} ms, after {after['median']*1e3:.3f} ms (median):"
           f" after/before {after['median']/before['median']:.3f}; user+sys"
           f" {(after['user']+after['system'])/(before['user']+before['system']):.3f}")
+PY
+
+# The paired runs against a C++ hello world.
+printf '#include <iostream>\nint main() { std::cout << "hello" << std::endl; }\n' > "$work/hello.cpp"
+g++ -O2 -o "$work/hello" "$work/hello.cpp"
+python3 - "$cli" "$work" "${KTL_PAIRED_ROUNDS:-200}" <<'PY'
+import os, statistics, sys, time
+cli, work, rounds = sys.argv[1], sys.argv[2], max(100, int(sys.argv[3]))
+hello = os.path.join(work, "hello")
+
+def state(name):
+    env = dict(os.environ, KTL_STATE_DIR=os.path.join(work, name))
+    env.pop("KTL_MOUNT_CMD", None)  # the save runs /bin/mount
+    os.makedirs(env["KTL_STATE_DIR"], mode=0o700, exist_ok=True)
+    return env
+
+# posix_spawn (vfork) and waitpid: subprocess.run adds a few milliseconds of
+# its own to every run, which would hide the differences measured here.
+devnull = os.open(os.devnull, os.O_WRONLY)
+quiet = [(os.POSIX_SPAWN_DUP2, devnull, 1), (os.POSIX_SPAWN_DUP2, devnull, 2)]
+
+def run(argv, env):
+    pid = os.posix_spawn(argv[0], argv, env, file_actions=quiet)
+    _, status = os.waitpid(pid, 0)
+    if os.waitstatus_to_exitcode(status) != 0:
+        sys.exit(f"whole_command: {' '.join(argv)} failed")
+
+edit_env, confirm_env, save_env = state("paired-edit"), state("paired-confirm"), state("paired-save")
+run([cli, "logger", "-confirm", "cur"], confirm_env)
+# A pending edit with two mount points, mounted here, kept to be restored
+# before each save.
+for words in (["-device", "disk", "-setting", "on"], ["-mp", "/", "-setting", "on"],
+              ["-mp", "/proc", "-setting", "on", "-threshold", "80"]):
+    run([cli, "logger"] + words, save_env)
+save_dir = save_env["KTL_STATE_DIR"]
+kept = {name: open(os.path.join(save_dir, name), "rb").read() for name in ("logger.ini", "logger.edit.ini")}
+
+def restore_save_state():
+    for name, content in kept.items():
+        with open(os.path.join(save_dir, name), "wb") as f:
+            f.write(content)
+    # The save waits for its own writes to reach the disk, not for these.
+    os.sync()
+
+forms = [
+    ("edit", [cli, "logger", "-syslogoutput", "on"], edit_env, None, 1.2),
+    ("-confirm cur", [cli, "logger", "-confirm", "cur"], confirm_env, None, 1.3),
+    ("-save -nochk, 2 mount points", [cli, "logger", "-save", "-nochk"], save_env, restore_save_state, 2.0),
+]
+# One form after the other, so that the save's flushes do not slow the
+# others; within a form, each round is a pair.
+print(f"\npaired with a C++ hello world, {rounds} rounds each (after 5 rounds of warm-up)")
+for name, argv, env, prepare, target in forms:
+    times, hellos, ratios = [], [], []
+    for i in range(rounds + 5):
+        pair = {}
+        for which in (("form", "hello") if i % 2 else ("hello", "form")):
+            if which == "form" and prepare:
+                prepare()
+            start = time.perf_counter()
+            run(argv if which == "form" else [hello], env)
+            pair[which] = time.perf_counter() - start
+        if i >= 5:
+            times.append(pair["form"])
+            hellos.append(pair["hello"])
+            ratios.append(pair["form"] / pair["hello"])
+    median, hello_median, paired = (statistics.median(x) for x in (times, hellos, ratios))
+    print(f"{name:30s} median {median*1e3:7.3f} ms, hello {hello_median*1e3:6.3f} ms:"
+          f" ratio of medians {median/hello_median:5.2f}, median of paired ratios {paired:5.2f}"
+          f" ({'met' if paired <= target else 'MISSED'}, <= {target})")
 PY
 
 if [ "${#baseline[@]}" -gt 0 ]; then

@@ -90,11 +90,17 @@ host: error message result @@ devhost/messages/message.cpp @@ const int kErrorSh
 host: message code width @@ devhost/messages/message.cpp @@ std::setw(8) @@ std::setw(6)
 host: exec after a failed check @@ devhost/cli/drive_command.cpp @@ if (!StepSucceeded("CheckExec", command.CheckExec())) return kExitCommandFailed; @@ StepSucceeded("CheckExec", command.CheckExec());
 host: value word taken as option value @@ devhost/command/command.cpp @@ if (i + 1 < vecParam.size() && !isOptionWord(vecParam[i + 1])) param.m_strValue = vecParam[++i]; @@ if (i + 1 < vecParam.size()) param.m_strValue = vecParam[++i];
-host: other session ignored @@ devhost/service/tool_service_logger_acc.cpp @@ ? kStatusHeldByOtherSession : kStatusOk; @@ ? kStatusOk : kStatusOk;
+host: other session ignored @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().OwnerFor(nProcessId) != devhost::PendingOwner::kOther) return kStatusOk; @@ return kStatusOk;
 host: not-installed status @@ devhost/service/tool_service_logger_acc.cpp @@ const int kStatusNotInstalled = 176; @@ const int kStatusNotInstalled = 175;
-host: edits restart from the effective file @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().hasEdits() ? !PendingTree(files, tree) : !ReadEffective(files.strEffective, tree)) return false;<NL>  devhost::SetIniValue @@ if (!ReadEffective(files.strEffective, tree)) return false;<NL>  devhost::SetIniValue
+host: edits restart from the effective file @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().hasEdits() ? !PendingTree(tree) : !ReadEffective(tree)) return false;<NL>  devhost::SetIniValue @@ if (!ReadEffective(tree)) return false;<NL>  devhost::SetIniValue
 host: empty pending file counts @@ devhost/service/pending_edits.cpp @@ m_bHasEdits = !strText.empty(); @@ m_bHasEdits = true;
 host: reused process id owns @@ devhost/service/edit_session.cpp @@ return nNow == 0 || nNow == record.nLeaderStart; @@ return true;
+host: state read again on every call @@ devhost/service/state_view.h @@ bool isOpen() const { return m_bOpen && m_nHolding == CommandLockHolding(); } @@ bool isOpen() const { return false; }
+host: state not read again after a question @@ devhost/service/state_view.h @@ bool isOpen() const { return m_bOpen && m_nHolding == CommandLockHolding(); } @@ bool isOpen() const { return m_bOpen; }
+host: owner of another PID namespace taken for dead @@ devhost/service/edit_session.cpp @@ if (isInOtherNamespace(record)) return true; @@ (void)0;
+host: success shown before the commit @@ devhost/messages/held_messages.cpp @@ if (Held().bHolding) { @@ if (false) {
+host: negative interval read @@ devhost/service/logger_conf_values.cpp @@ if (!ParseWholeInt(strValue, 10, nParsed) || nParsed < 1) return false; @@ if (!ParseWholeInt(strValue, 10, nParsed)) return false;
+host: limits minimum above maximum unreported @@ devhost/utilities/profile.cpp @@ if (nMin > nMax) { @@ if (false) {
 host: trace levels not filtered @@ devhost/utilities/trace_utility.cpp @@ if (!bTraced) return; @@ if (false) return;
 host: diagnostic without a rule dropped @@ devhost/help/refusal_explanation.cpp @@ lines.Add(diagnostic.strText);<NL>      continue; @@ continue;
 host: a mount point found is reported @@ devhost/help/refusal_explanation.cpp @@ data.set("found", bFound); @@ data.set("found", false);
@@ -112,8 +118,8 @@ host: no fallback for TMPDIR @@ devhost/utilities/ktl_util.cpp @@ if (strDir != 
 host: last entry not written @@ devhost/service/logger_conf_ini.cpp @@ for (int nNumber = 1; nNumber <= nEntries; ++nNumber) { @@ for (int nNumber = 1; nNumber < nEntries; ++nNumber) {
 host: limit sign dropped @@ devhost/utilities/profile.cpp @@ if (bNegative) llValue = -llValue; @@ (void)bNegative;
 host: discard keeps the pending file @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().hasEdits()) Pending().Remove(); @@ (void)0;
-host: discard from another live session @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {<NL>    Report("cannot discard " @@ if (false) {<NL>    Report("cannot discard "
-host: takeover keeps the ended owner @@ devhost/service/pending_edits.cpp @@ if (m_owner.nSession != nSession) m_owner = RecordOfSession(nSession); @@ (void)0;
+host: discard from another live session @@ devhost/service/tool_service_logger_acc.cpp @@ if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {<NL>    Report(OwnerRefusal());<NL>    return false;<NL>  }<NL>  if (Pending().hasEdits()) Pending().Remove(); @@ if (false) {<NL>    Report(OwnerRefusal());<NL>    return false;<NL>  }<NL>  if (Pending().hasEdits()) Pending().Remove();
+host: takeover keeps the ended owner @@ devhost/service/pending_edits.cpp @@ if (!isSameSession(m_owner, owner)) { @@ if (false) {
 host: hidden session leader taken as none @@ devhost/service/edit_session.cpp @@ if (nSession >= 1) return nSession; @@ return nSession;
 host: sudo session taken as the operator's @@ devhost/service/edit_session.cpp @@ nSession = nOuter; @@ (void)nOuter;
 host: question not ended by Ctrl-C @@ devhost/messages/message_inquiry.cpp @@ if (devhost::isInterrupted()) { @@ if (false) {

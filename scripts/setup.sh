@@ -20,6 +20,7 @@ packages=(
   gcovr                      # scripts/coverage.sh
   lintian                    # the packages as Debian checks them (scripts/check-package-policy.sh)
   valgrind
+  strace                     # the count of state-file openings (tests/cli/one_opening.t)
   libbenchmark-dev hyperfine crudini   # benchmarks (bench/)
   abigail-tools              # abidw / abidiff: the binary contract guard
   python3-cram               # ktl-cli sessions as cram transcripts (tests/cli)

@@ -13,6 +13,7 @@
 #include "devhost/files/command_lock.h"
 #include "devhost/files/paths.h"
 #include "devhost/help/refusal_explanation.h"
+#include "devhost/messages/held_messages.h"
 #include "devhost/messages/question_outcome.h"
 #include "devhost/service/pending_edits.h"
 #include "devhost/utilities/refusal_reasons.h"
@@ -74,9 +75,17 @@ int RunCommand(CCommand& command, const std::vector<std::string>& vecWords, cons
 }
 
 // The end of a command that reached its execution step: its output is out
-// and its audit record tells how it ended.
-int FinishCommand(int nStatus) {
+// and its audit record tells how it ended. strTookEffect holds the messages
+// of what the command changed: when its output failed, they are repeated
+// on standard error, so that the failure is not taken for "nothing done".
+int FinishCommand(int nStatus, const std::string& strTookEffect) {
+  const int nCommandStatus = nStatus;
   nStatus = CheckStandardOutput(nStatus);
+  if (nStatus != nCommandStatus) {
+    // The plug-in's notes are not why the output failed.
+    devhost::StartCollectingReasons();
+    if (!strTookEffect.empty()) std::cerr << "ktl-cli: the command took effect all the same: " << strTookEffect;
+  }
   std::string strError;
   if (!devhost::EndAuditRecord(nStatus, strError)) {
     std::cerr << "ktl-cli: the audit record of the command was not written: " << strError << std::endl;
@@ -120,21 +129,25 @@ int LoadAndRun(const std::string& strCommand, const std::vector<std::string>& ve
       std::cerr << "ktl-cli: the factory " << strFactory << " created no command" << std::endl;
       return kExitPluginUnavailable;
     }
+    devhost::StartHoldingMessages();
     int nStatus = RunCommand(*pCommand, vecWords, strCommandLine);
     // The pending edits of a command that succeeded are written once, after
-    // Exec, so that a command killed midway leaves them as they were.
+    // Exec, so that a command killed midway leaves them as they were. When
+    // that fails, the notes the plug-in traced are not why.
     if ((nStatus == kExitSuccess || nStatus == kExitDeclined) && !devhost::CommitPendingEdits()) {
       nStatus = kExitCommandFailed;
+      devhost::StartCollectingReasons();
     }
     pCommand.reset();
-    return FinishCommand(nStatus);
+    return FinishCommand(nStatus, devhost::EndHoldingMessages(nStatus == kExitSuccess || nStatus == kExitDeclined));
   } catch (const std::exception& e) {
     std::cerr << "ktl-cli: the command \"" << strCommand << "\" stopped on an unexpected error: " << e.what()
               << std::endl;
   } catch (...) {
     std::cerr << "ktl-cli: the command \"" << strCommand << "\" stopped on an unexpected error" << std::endl;
   }
-  return FinishCommand(kExitException);
+  devhost::EndHoldingMessages(false);
+  return FinishCommand(kExitException, std::string());
 }
 
 }  // namespace

@@ -24,6 +24,7 @@
 #include "devhost/help/command_description.h"
 #include "devhost/help/completion.h"
 #include "devhost/help/help_text.h"
+#include "devhost/utilities/profile_reports.h"
 #include "devhost/utilities/terminal_text.h"
 #include "devhost/utilities/trace_echo.h"
 
@@ -110,6 +111,9 @@ int PrintCompletions(const std::vector<std::string>& vecArgs) {
 // The words after "ktl-cli", from the command line or from a line of the
 // shell (ePlace).
 int RunWords(const std::vector<std::string>& vecWords, devhost::Place ePlace) {
+  // Each command, and each line of the shell, says what is wrong with the
+  // limits file it reads.
+  devhost::StartProfileReports();
   const std::string& strCommand = vecWords.front();
   const std::vector<std::string> vecRest(vecWords.begin() + 1, vecWords.end());
   if (strCommand == "--help" || strCommand == "-h") {

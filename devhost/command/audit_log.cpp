@@ -1,7 +1,6 @@
 #include "devhost/command/audit_log.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
@@ -9,7 +8,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <vector>
 
 #include "devhost/files/fault_injection.h"
 #include "devhost/files/paths.h"
@@ -17,6 +15,7 @@
 #include "devhost/files/state_directory.h"
 #include "devhost/utilities/terminal_text.h"
 #include "devhost/utilities/timestamp.h"
+#include "devhost/utilities/user_name.h"
 
 namespace devhost {
 namespace {
@@ -143,18 +142,6 @@ void RecordEndingSignal(int nSignal) {
   (void)raise(nSignal);  // the default action again: the process ends as the signal says
 }
 
-// The real user's name, or the number when the user has no name.
-std::string UserName() {
-  const uid_t nUid = getuid();
-  struct passwd entry;
-  struct passwd* pFound = nullptr;
-  std::vector<char> buffer(16384);
-  if (getpwuid_r(nUid, &entry, buffer.data(), buffer.size(), &pFound) == 0 && pFound && pFound->pw_name[0] != '\0') {
-    return EscapeControlBytes(pFound->pw_name);
-  }
-  return std::to_string(nUid);
-}
-
 // Reserves room for nLength more bytes of the log, so that a full disk
 // shows now, before the command changes anything, rather than when its line
 // is written. A file system that cannot reserve is trusted to have room.
@@ -181,7 +168,7 @@ AuditStart BeginAuditRecord(int nSessionId, const std::string& strCommandLine, s
   const std::string strFile = AuditLogFile();
   const int nFd = OpenTrusted(strFile, O_WRONLY | O_APPEND | O_CREAT, 0600, strError);
   if (nFd < 0) return AuditStart::kUnwritable;
-  const std::string strHead = LocalTimestamp() + " user=" + UserName() + " session=" + std::to_string(nSessionId);
+  const std::string strHead = LocalTimestamp() + " user=" + RealUserName() + " session=" + std::to_string(nSessionId);
   const std::string strEscapedLine = EscapeControlBytes(strCommandLine);
   const std::size_t nLength = strHead.size() + strEscapedLine.size() + sizeof " status= \n" + kLongestStatus;
   if (!ReserveRoom(nFd, nLength, strFile, strError)) {

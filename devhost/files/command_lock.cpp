@@ -14,6 +14,9 @@ const char kTempFileInfix[] = ".tmp.";
 
 // The command lock this process holds, for CCommandLockReleased.
 CStateLock* g_pHeldCommandLock = nullptr;
+// Whether a question has let it go, and how often it was taken.
+bool g_bReleased = false;
+unsigned long g_nHolding = 0;
 
 }  // namespace
 
@@ -26,16 +29,27 @@ bool CCommandLock::Acquire(std::string& strError) {
   if (!PrepareStateDir(strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false;
   RemoveLeftovers(strDir, kTempFileInfix, false);
   g_pHeldCommandLock = &m_lock;
+  g_bReleased = false;
+  ++g_nHolding;
   m_bRegistered = true;
   return true;
 }
 
-CCommandLockReleased::CCommandLockReleased() : m_pReleased(g_pHeldCommandLock) {
-  if (m_pReleased) m_pReleased->Unlock();
+CCommandLockReleased::CCommandLockReleased() : m_pReleased(g_bReleased ? nullptr : g_pHeldCommandLock) {
+  if (!m_pReleased) return;
+  m_pReleased->Unlock();
+  g_bReleased = true;
 }
 
 CCommandLockReleased::~CCommandLockReleased() {
-  if (m_pReleased) m_pReleased->Relock();
+  if (!m_pReleased) return;
+  m_pReleased->Relock();
+  g_bReleased = false;
+  ++g_nHolding;
 }
+
+bool isCommandLockHeld() { return g_pHeldCommandLock != nullptr && !g_bReleased; }
+
+unsigned long CommandLockHolding() { return g_nHolding; }
 
 }  // namespace devhost

@@ -1,13 +1,15 @@
 // Whole commands on one state directory, one at a time.
 //
-// The service locks the state for each of its calls, but a command makes
-// several calls that belong together: the plug-in reads how many mount
-// points there are, then writes the next entry. ktl-cli therefore holds the
-// command lock ("ktl-cli.lock" in the state directory) from CheckParam to the
-// end of Exec, so that commands started at the same moment run one after the
-// other. While a command waits for the operator's answer to a question the
-// lock is let go, so that a question left open in one shell does not hold up
-// every other shell.
+// A command makes several service calls that belong together: the plug-in
+// reads how many mount points there are, then writes the next entry. ktl-cli
+// therefore holds the command lock ("ktl-cli.lock" in the state directory)
+// from the command's construction to the end of its commit, so that commands
+// started at the same moment run one after the other. It is the state
+// directory's one lock: the service answers a command's calls from what it
+// read under it (devhost/service/state_view.h). While a command waits for
+// the operator's answer to a question the lock is let go, so that a question
+// left open in one shell does not hold up every other shell; what was read
+// before it must then be read again.
 #ifndef KTL_DEVHOST_COMMAND_LOCK_H
 #define KTL_DEVHOST_COMMAND_LOCK_H
 
@@ -47,6 +49,15 @@ class CCommandLockReleased {
  private:
   CStateLock* m_pReleased;
 };
+
+// True while this process holds the command lock (not while a question has
+// let it go).
+bool isCommandLockHeld();
+
+// Counts the times this process has taken the command lock, a question's
+// retaking included: what was read under one holding holds as long as this
+// number stays the same.
+unsigned long CommandLockHolding();
 
 }  // namespace devhost
 

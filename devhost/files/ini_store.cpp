@@ -202,14 +202,14 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
   return true;
 }
 
-bool RemoveFile(const std::string& strPath, std::string& strError) {
+bool RemoveFile(const std::string& strPath, std::string& strError, Flush eFlush) {
   BeforeFileChange();
   if (unlink(strPath.c_str()) != 0) {
     if (errno == ENOENT) return true;
     strError = "cannot remove " + strPath + ": " + ErrnoText(errno);
     return false;
   }
-  SyncDirectory(DirectoryOf(strPath));
+  if (eFlush == Flush::kToDisk) SyncDirectory(DirectoryOf(strPath));
   return true;
 }
 

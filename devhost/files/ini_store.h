@@ -60,9 +60,9 @@ bool WriteIniFile(const std::string& strPath, const IniTree& tree, std::string& 
 bool WriteFileAtomically(const std::string& strPath, const std::string& strContent, std::string& strError,
                          Flush eFlush = Flush::kToDisk);
 
-// Removes strPath and flushes its directory. True also when the file did not
-// exist.
-bool RemoveFile(const std::string& strPath, std::string& strError);
+// Removes strPath and, with Flush::kToDisk, flushes its directory. True also
+// when the file did not exist.
+bool RemoveFile(const std::string& strPath, std::string& strError, Flush eFlush = Flush::kToDisk);
 
 // True when something exists at strPath.
 bool isPresent(const std::string& strPath);

@@ -7,6 +7,7 @@
 #include "devhost/help/command_description.h"
 #include "devhost/help/command_grammar.h"
 #include "devhost/help/completion.h"
+#include "devhost/utilities/profile_reports.h"
 #include "devhost/utilities/terminal_text.h"
 
 namespace devhost {
@@ -49,7 +50,14 @@ std::string RangesOf(const CCommandDescription& description, const CFormDescript
                      const COptionDescription& option) {
   const auto Range = [&](const std::string& strSection) {
     const CLimitRange range = LimitsInForce(description, strSection, option.strNumberStem);
-    return std::to_string(range.nMin) + " to " + std::to_string(range.nMax);
+    std::string strRange = std::to_string(range.nMin) + " to " + std::to_string(range.nMax);
+    // A limit that the limits file gets wrong is marked where it is shown.
+    for (const char* pszSuffix : {"_MIN", "_MAX"}) {
+      const std::string strProblem =
+          ProfileProblem(description.strLimitsFile, strSection, option.strNumberStem + pszSuffix);
+      if (!strProblem.empty() && strRange.find(strProblem) == std::string::npos) strRange += " (" + strProblem + ")";
+    }
+    return strRange;
   };
   if (!option.strSection.empty()) return Range(option.strSection);
   std::vector<std::string> vecRanges;

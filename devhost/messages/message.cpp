@@ -1,5 +1,6 @@
 // CMessage: shows catalogue messages. Informational messages go to standard
-// output and return 0; errors go to standard error, prefixed with "Error: "
+// output, once the command's change is committed (held_messages.h), and
+// return 0; errors go to standard error, prefixed with "Error: "
 // and followed by the code in hex when it is not 0, and return
 // kErrorShownResult, so that a refused command stops the host.
 #include "host/message.h"
@@ -8,6 +9,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "devhost/messages/held_messages.h"
 #include "devhost/messages/message_catalogue.h"
 #include "devhost/service/pending_edits.h"
 #include "devhost/utilities/refusal_reasons.h"
@@ -48,12 +50,14 @@ int CMessage::show(std::string strMsgId, unsigned long ulCode, std::string strEx
   }
   // A success stays a success even when the catalogue lacks its text.
   if (bInformational) {
-    std::cout << strText << std::endl;
+    devhost::ShowInformation(strText);
     return kInformationShown;
   }
   devhost::NoteShownError(strMsgId);
   std::cerr << "Error: " << strText;
   if (ulCode != 0) std::cerr << " (code " << HexCode(ulCode) << ")";
   std::cerr << std::endl;
+  const std::string strDetail = devhost::DetailOfError(strMsgId);
+  if (!strDetail.empty()) std::cerr << "ktl-cli: " << strDetail << std::endl;
   return kErrorShownResult;
 }

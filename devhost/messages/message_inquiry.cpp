@@ -8,6 +8,7 @@
 #include "devhost/command/interrupt.h"
 #include "devhost/compare/question_preview.h"
 #include "devhost/files/command_lock.h"
+#include "devhost/messages/held_messages.h"
 #include "devhost/messages/message_catalogue.h"
 #include "devhost/messages/question_outcome.h"
 #include "host/message.h"
@@ -63,6 +64,8 @@ bool CMessage::Inquiry(std::string strMsgId, int /*nDefault*/) {
   if (!devhost::LookupMessageText(strMsgId, strQuestion, strProblem)) strQuestion = strMsgId;
   if (!strProblem.empty()) std::cerr << "ktl-cli: " << strProblem << std::endl;
 
+  // What the command said so far comes before its question.
+  devhost::FlushHeldMessages();
   // Read while this command still holds the lock: what the operator decides
   // on is what the command then finds.
   if (devhost::PreviewQuestion(strMsgId, std::cout) == devhost::QuestionNeed::kNothingTo) return true;

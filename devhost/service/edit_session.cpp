@@ -13,6 +13,8 @@
 
 #include "devhost/files/ini_store.h"
 #include "devhost/files/lock_file.h"
+#include "devhost/utilities/timestamp.h"
+#include "devhost/utilities/user_name.h"
 
 namespace devhost {
 
@@ -57,6 +59,9 @@ namespace {
 const char kSessionSection[] = "EditSession";
 const char kSessionKey[] = "Session";
 const char kLeaderStartKey[] = "LeaderStart";
+const char kPidNamespaceKey[] = "PidNamespace";
+const char kUserKey[] = "User";
+const char kSinceKey[] = "Since";
 
 // True when a process nProcessId exists (even one this process may not
 // signal). Ids below 1 name no single process and count as ended.
@@ -126,33 +131,90 @@ int SessionOfProcess(int nProcessId) {
   return nOutermost;
 }
 
-}  // namespace
+// The PID namespace of this process, by the inode of /proc/self/ns/pid; 0
+// when it cannot be told (no /proc).
+unsigned long long OwnPidNamespace() {
+  struct stat st;
+  return stat("/proc/self/ns/pid", &st) == 0 ? static_cast<unsigned long long>(st.st_ino) : 0;
+}
 
 // sudo set to run its command on a terminal of its own (use_pty, Debian's
 // default) makes a session for it, led by a sudo process; the operator's
-// session is the one that sudo was started from.
-int CurrentSession() {
+// session is the one that sudo was started from. The leader's start time
+// comes with it, read on the way.
+CSessionRecord WorkOutCurrentSession() {
+  CSessionRecord record;
   int nSession = SessionOfProcess(static_cast<int>(getpid()));
   CProcessStat leader;
-  while (ReadProcessStat(nSession, leader) && leader.strName == "sudo" && leader.nParent >= 1) {
+  bool bRead = ReadProcessStat(nSession, leader);
+  while (bRead && leader.strName == "sudo" && leader.nParent >= 1) {
     const int nOuter = SessionOfProcess(leader.nParent);
     if (nOuter < 1 || nOuter == nSession) break;
     nSession = nOuter;
+    bRead = ReadProcessStat(nSession, leader);
   }
-  return nSession;
+  record.nSession = nSession;
+  record.nLeaderStart = bRead ? leader.nStartTime : 0;
+  record.nPidNamespace = OwnPidNamespace();
+  record.strUser = RealUserName();
+  return record;
 }
 
+// The session of this command, once worked out.
+struct CCurrentSessionCache {
+  bool bKnown = false;
+  CSessionRecord record;
+};
+
+CCurrentSessionCache& CurrentSessionCache() {
+  static CCurrentSessionCache cache;
+  return cache;
+}
+
+const CSessionRecord& CurrentSessionRecord() {
+  CCurrentSessionCache& cache = CurrentSessionCache();
+  if (!cache.bKnown) {
+    cache.record = WorkOutCurrentSession();
+    cache.bKnown = true;
+  }
+  return cache.record;
+}
+
+bool isSameOrUnknown(unsigned long long nFirst, unsigned long long nSecond) {
+  return nFirst == 0 || nSecond == 0 || nFirst == nSecond;
+}
+
+}  // namespace
+
+int CurrentSession() { return CurrentSessionRecord().nSession; }
+
+void ForgetCurrentSession() { CurrentSessionCache().bKnown = false; }
+
 CSessionRecord RecordOfSession(int nSession) {
+  if (nSession == CurrentSession()) return CurrentSessionRecord();
   CSessionRecord record;
   record.nSession = nSession;
   record.nLeaderStart = ProcessStartTime(nSession);
+  record.nPidNamespace = CurrentSessionRecord().nPidNamespace;
+  record.strUser = RealUserName();
   return record;
+}
+
+bool isSameSession(const CSessionRecord& first, const CSessionRecord& second) {
+  return first.nSession == second.nSession && isSameOrUnknown(first.nPidNamespace, second.nPidNamespace) &&
+         isSameOrUnknown(first.nLeaderStart, second.nLeaderStart);
+}
+
+bool isInOtherNamespace(const CSessionRecord& record) {
+  const unsigned long long nOwn = CurrentSessionRecord().nPidNamespace;
+  return record.nPidNamespace != 0 && nOwn != 0 && record.nPidNamespace != nOwn;
 }
 
 // When the leader's start time cannot be read now (another user's process
 // under a /proc mounted with hidepid, say), the id alone decides: a live
 // session must not lose its edits to another.
 bool isLive(const CSessionRecord& record) {
+  if (isInOtherNamespace(record)) return true;
   if (!isProcessAlive(record.nSession)) return false;
   if (record.nLeaderStart == 0) return true;
   const unsigned long long nNow = ProcessStartTime(record.nSession);
@@ -165,10 +227,18 @@ bool ReadSessionRecord(const IniTree& tree, CSessionRecord& record) {
       nSession > 0x7fffffff) {
     return false;
   }
+  unsigned long long nNamespace = 0;
   const std::string* pStart = FindIniValue(tree, kSessionSection, kLeaderStartKey);
   if (pStart && !ParseDecimal(pStart, nStart)) return false;
+  const std::string* pNamespace = FindIniValue(tree, kSessionSection, kPidNamespaceKey);
+  if (pNamespace && !ParseDecimal(pNamespace, nNamespace)) return false;
   record.nSession = static_cast<int>(nSession);
   record.nLeaderStart = nStart;
+  record.nPidNamespace = nNamespace;
+  const std::string* pUser = FindIniValue(tree, kSessionSection, kUserKey);
+  record.strUser = pUser ? *pUser : std::string();
+  const std::string* pSince = FindIniValue(tree, kSessionSection, kSinceKey);
+  record.strSince = pSince ? *pSince : std::string();
   return true;
 }
 
@@ -177,6 +247,14 @@ void PutSessionRecord(IniTree& tree, const CSessionRecord& record) {
   SetIniValue(tree, kSessionSection, kSessionKey, std::to_string(record.nSession));
   if (record.nLeaderStart != 0)
     SetIniValue(tree, kSessionSection, kLeaderStartKey, std::to_string(record.nLeaderStart));
+  if (record.nPidNamespace != 0)
+    SetIniValue(tree, kSessionSection, kPidNamespaceKey, std::to_string(record.nPidNamespace));
+  // Names and times only go where they read back unchanged.
+  std::string strIgnored;
+  if (!record.strUser.empty() && isStorableIniEntry(kSessionSection, kUserKey, record.strUser, strIgnored))
+    SetIniValue(tree, kSessionSection, kUserKey, record.strUser);
+  if (!record.strSince.empty() && isStorableIniEntry(kSessionSection, kSinceKey, record.strSince, strIgnored))
+    SetIniValue(tree, kSessionSection, kSinceKey, record.strSince);
 }
 
 }  // namespace devhost

@@ -51,20 +51,37 @@ class CStateLock {
 
 // The session of this process: the process id of its session leader (or of
 // the process that stands for a leader outside this PID namespace), or,
-// when that leader is sudo's, the session sudo was started from.
+// when that leader is sudo's, the session sudo was started from. Worked out
+// once per command (see ForgetCurrentSession).
 int CurrentSession();
+
+// Makes the next CurrentSession work the session out again; called as a
+// command starts.
+void ForgetCurrentSession();
 
 // The owner of pending edits as the pending configuration records it.
 struct CSessionRecord {
-  int nSession = 0;                     // the leader's process id; 0 = none recorded
-  unsigned long long nLeaderStart = 0;  // its start time, 0 = unknown
+  int nSession = 0;                      // the leader's process id; 0 = none recorded
+  unsigned long long nLeaderStart = 0;   // its start time, 0 = unknown
+  unsigned long long nPidNamespace = 0;  // inode of its PID namespace, 0 = unknown
+  std::string strUser;                   // who made the edits; "" = unknown
+  std::string strSince;                  // since when it has held them (local time)
 };
 
-// nSession with its leader's start time as it is now.
+// nSession with its PID namespace (this process's) and its leader's start
+// time as they are now, and the real user; strSince is left empty.
 CSessionRecord RecordOfSession(int nSession);
 
-// True while the recorded session's leader runs under its id.
+// True when both name the same session: same id, and namespace and start
+// time equal wherever both are known.
+bool isSameSession(const CSessionRecord& first, const CSessionRecord& second);
+
+// True while the recorded session's leader runs under its id, and always
+// for a session of another PID namespace, whose leader cannot be looked at.
 bool isLive(const CSessionRecord& record);
+
+// True when the record names a PID namespace other than this process's.
+bool isInOtherNamespace(const CSessionRecord& record);
 
 // The record kept in section "EditSession" of the pending configuration;
 // false when none valid is there.

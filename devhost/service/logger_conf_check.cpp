@@ -1,6 +1,7 @@
 #include "devhost/service/logger_conf_check.h"
 
 #include "devhost/service/logger_conf_keys.h"
+#include "devhost/service/logger_conf_values.h"
 
 namespace devhost {
 namespace {
@@ -102,6 +103,12 @@ bool CheckEdit(const std::string& strSection, const std::string& strKey, const s
   }
   if (strSection == kSectionFileSystem && strKey == kKeyNumFileSys && SmallNumber(strValue) < 0) {
     strError = "cannot write " + NotANumFileSys(strValue);
+    return false;
+  }
+  // The rule by which the value will be read back.
+  int nIgnored = 0;
+  if (!ReadConfValue(strSection, strKey, strValue, nIgnored, strError)) {
+    strError = "cannot write " + strError;
     return false;
   }
   return true;

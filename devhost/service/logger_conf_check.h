@@ -30,7 +30,7 @@ bool CheckComplete(const IniTree& tree, std::string& strError);
 
 // True when setting [strSection] strKey to strValue may be accepted as an
 // edit: an entry section within FSNAME-1 to FSNAME-9999, a NumFileSys from 0
-// to 9999.
+// to 9999, a value valid by the table of devhost/service/logger_conf_values.h.
 bool CheckEdit(const std::string& strSection, const std::string& strKey, const std::string& strValue,
                std::string& strError);
 

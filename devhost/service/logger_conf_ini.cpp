@@ -1,12 +1,9 @@
 #include "devhost/service/logger_conf_ini.h"
 
-#include <cctype>
-#include <cerrno>
-#include <climits>
-#include <cstdlib>
 #include <map>
 
 #include "devhost/service/logger_conf_keys.h"
+#include "devhost/service/logger_conf_values.h"
 
 namespace devhost {
 namespace {
@@ -18,18 +15,6 @@ const int kSwitchOff = 0x10;
 const int kSwitchAbsent = 0;
 const int kIntegerAbsent = -1;
 
-// Parses the whole of strText as an int in nBase (0: C literal); no blanks,
-// no trailing text, no overflow.
-bool ParseInt(const std::string& strText, int nBase, int& nValue) {
-  if (strText.empty() || std::isspace(static_cast<unsigned char>(strText[0]))) return false;
-  errno = 0;
-  char* pszEnd = nullptr;
-  const long nParsed = std::strtol(strText.c_str(), &pszEnd, nBase);
-  if (*pszEnd != '\0' || errno == ERANGE || nParsed < INT_MIN || nParsed > INT_MAX) return false;
-  nValue = static_cast<int>(nParsed);
-  return true;
-}
-
 // Reads the values of one section, keeping the first error.
 class CSectionReader {
  public:
@@ -39,10 +24,10 @@ class CSectionReader {
   }
 
   bool Switch(const char* pszKey, int& nValue, std::string& strError) const {
-    return Number(pszKey, 0, kSwitchAbsent, "a switch (0x11 or 0x10)", nValue, strError);
+    return Number(pszKey, kSwitchAbsent, nValue, strError);
   }
   bool Integer(const char* pszKey, int& nValue, std::string& strError) const {
-    return Number(pszKey, 10, kIntegerAbsent, "a decimal integer", nValue, strError);
+    return Number(pszKey, kIntegerAbsent, nValue, strError);
   }
   std::string Text(const char* pszKey) const {
     const std::string* pValue = Find(pszKey);
@@ -56,16 +41,14 @@ class CSectionReader {
     return found == m_pSection->not_found() ? nullptr : &found->second.data();
   }
 
-  bool Number(const char* pszKey, int nBase, int nAbsent, const char* pszKind, int& nValue,
-              std::string& strError) const {
+  // A value by the rule of the one table of valid values.
+  bool Number(const char* pszKey, int nAbsent, int& nValue, std::string& strError) const {
     const std::string* pValue = Find(pszKey);
     if (!pValue) {
       nValue = nAbsent;
       return true;
     }
-    if (ParseInt(*pValue, nBase, nValue)) return true;
-    strError = "[" + m_strSection + "] " + pszKey + "=\"" + *pValue + "\" is not " + pszKind;
-    return false;
+    return ReadConfValue(m_strSection, pszKey, *pValue, nValue, strError);
   }
 
   std::string m_strSection;
@@ -89,7 +72,8 @@ int EntryNumberOf(const std::string& strSection) {
   if (strSection.compare(0, strPrefix.size(), strPrefix) != 0) return 0;
   const std::string strNumber = strSection.substr(strPrefix.size());
   int nNumber = 0;
-  if (strNumber.empty() || strNumber[0] < '1' || strNumber[0] > '9' || !ParseInt(strNumber, 10, nNumber)) return -1;
+  if (strNumber.empty() || strNumber[0] < '1' || strNumber[0] > '9' || !ParseWholeInt(strNumber, 10, nNumber))
+    return -1;
   return nNumber;
 }
 

@@ -9,8 +9,10 @@
 // Exec has returned (CommitPendingEdits). A command killed at any point
 // leaves the file as it was before the command or as it is after it.
 //
-// Until the command changes it, the view follows the file: a command that
-// waits for an answer to its question sees what other commands did
+// The file is read once per holding of the state directory's lock
+// (devhost/files/command_lock.h). Until the command changes the view, it
+// follows the file: a command that waited for an answer to its question,
+// with the lock let go, reads it again and sees what other commands did
 // meanwhile. A change is committed only if the file is still the one it was
 // made to, and only if nothing in the command failed: a refused edit or an
 // unreadable file leaves the file as it was.
@@ -29,10 +31,10 @@ class CPendingEdits {
   // The view of the running command, one per process.
   static CPendingEdits& OfThisCommand();
 
-  // Reads strPendingFile again unless this command has changed its view.
-  // False, with strError naming the file, when it cannot be read. A file
-  // that is not a valid INI file reads as edits without an owner, so that it
-  // can be discarded or taken over.
+  // Reads strPendingFile again unless this command has changed its view, or
+  // read it under the lock that this process holds now. False, with strError naming the file, when it
+  // cannot be read. A file that is not a valid INI file reads as edits
+  // without an owner, so that it can be discarded or taken over.
   bool Refresh(const std::string& strPendingFile, std::string& strError);
 
   // True when the view holds pending edits. An empty file holds none: a
@@ -45,14 +47,20 @@ class CPendingEdits {
   // True when the command saw pending edits at first that are now gone: they
   // were dropped while it waited for an answer.
   bool wereDroppedMeanwhile() const { return m_bSawEdits && !m_bHasEdits; }
+  // The pending configuration as the command first saw it; empty when it
+  // saw none or it cannot be parsed. Kept as text: it is seldom needed.
+  IniTree FirstSeen() const;
 
   // True once the command has changed the view. Its tree was checked when
   // read and each edit as it came; only at the commit must it be whole.
   bool isChanged() const { return m_eChange != Change::kNone; }
 
+  // Whose the edits are for nSession. Whether a recorded owner other than
+  // nSession still lives is looked up once per reading of the file.
   PendingOwner OwnerFor(int nSession) const;
-  // The recorded owner's session, 0 when none.
+  // The recorded owner's session, 0 when none, and the whole record.
   int OwnerSession() const { return m_owner.nSession; }
+  const CSessionRecord& Owner() const { return m_owner; }
 
   // Changes of the view, committed later.
   void Replace(const IniTree& tree, int nSession);
@@ -64,10 +72,11 @@ class CPendingEdits {
   // Drops the view and any change of it, as at the start of a command.
   void Forget() { *this = CPendingEdits(); }
 
-  // Writes the view's change, if any, while holding strLockFile. True when
+  // Writes the view's change, if any; the caller holds the lock. The file is
+  // read again only when the lock was let go since it was read. True when
   // there was nothing to write or it was written; otherwise false, with
   // strError naming the file and the reason. Forgets the view either way.
-  bool Commit(const std::string& strLockFile, std::string& strError);
+  bool Commit(std::string& strError);
 
  private:
   enum class Change { kNone, kReplace, kRemove };
@@ -77,15 +86,22 @@ class CPendingEdits {
   std::string m_strDiskText;  // the file as last read
   std::string m_strParseError;
   IniTree m_tree;
+  std::string m_strFirstSeenText;
   bool m_bHasEdits = false;
   bool m_bSawEdits = false;
+  bool m_bRead = false;
+  unsigned long m_nReadHolding = 0;  // the lock holding it was read under
   CSessionRecord m_owner;
+  enum class Liveness { kUnknown, kLive, kEnded };
+  mutable Liveness m_eOwnerLiveness = Liveness::kUnknown;
   Change m_eChange = Change::kNone;
   bool m_bFailed = false;
 };
 
 // Commits the running command's pending edits (see above); on failure says
 // so on standard error. ktl-cli calls it once its command's Exec returned.
+// The command's view of the state (devhost/service/state_view.h) is
+// forgotten either way.
 bool CommitPendingEdits();
 
 }  // namespace devhost

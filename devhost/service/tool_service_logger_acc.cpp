@@ -4,11 +4,14 @@
 //   logger.ini          the configuration in effect
 //   logger.edit.ini     the pending configuration, while edits are pending,
 //                       with the session that owns it (section EditSession)
-//   logger.lock         the lock that serialises changes to the above
+//
+// ktl-cli.lock, the state directory's command lock, serialises the commands
+// (devhost/files/command_lock.h).
 //
 // The tool counts as installed when the configuration in effect or the
 // shipped default exists; on first use the configuration in effect is
-// created from the default. Edits and discards change the command's view of
+// created from the default. A command opens the state once and answers its
+// later calls from that opening (devhost/service/state_view.h). Edits and discards change the command's view of
 // the pending configuration (devhost/service/pending_edits.h), which is
 // written once the command has run; a save replaces the configuration in
 // effect at once.
@@ -29,10 +32,12 @@
 #include "devhost/files/ini_store.h"
 #include "devhost/files/paths.h"
 #include "devhost/files/state_directory.h"
+#include "devhost/messages/held_messages.h"
 #include "devhost/service/edit_session.h"
 #include "devhost/service/logger_conf_check.h"
 #include "devhost/service/logger_conf_ini.h"
 #include "devhost/service/pending_edits.h"
+#include "devhost/service/state_view.h"
 #include "devhost/utilities/refusal_reasons.h"
 #include "host/trace_utility.h"
 
@@ -43,11 +48,12 @@ const int kStatusFailure = 1;
 const int kStatusNotInstalled = 176;
 const int kStatusHeldByOtherSession = -1;
 
-const char kEffectiveFileName[] = "/logger.ini";
-const char kPendingFileName[] = "/logger.edit.ini";
-const char kLockFileName[] = "/logger.lock";
-
 const char kTraceModule[] = "cli";
+// The plug-in's message for a command refused because another session
+// holds the pending edits.
+const char kRefusedForOtherSession[] = "MSG_CLI_CHECK_PRCID";
+
+using devhost::CStateFiles;
 
 // What the accessor keeps between calls: the session of this command.
 struct CLoggerServiceState {
@@ -55,16 +61,8 @@ struct CLoggerServiceState {
   int nSession = 0;
 };
 
-// The service's files, from the environment at the time of the call.
-struct CStateFiles {
-  std::string strDir = devhost::StateDir();
-  std::string strEffective = strDir + kEffectiveFileName;
-  std::string strPending = strDir + kPendingFileName;
-  std::string strLock = strDir + kLockFileName;
-  std::string strDefault = devhost::DefaultConfFile();
-};
-
 devhost::CPendingEdits& Pending() { return devhost::CPendingEdits::OfThisCommand(); }
+devhost::CStateView& View() { return devhost::CStateView::OfThisCommand(); }
 
 // Explains a failure; the command then fails and changes nothing.
 void Report(const std::string& strMessage) {
@@ -104,13 +102,22 @@ bool CheckedConf(const std::string& strPath, const devhost::IniTree& tree, bool 
   return true;
 }
 
-// Reads and checks a configuration to be in effect; false (explained) when
-// it is missing, unreadable, malformed or refused.
-bool ReadEffective(const std::string& strPath, devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
+// The configuration in effect, read and checked once per opening of the
+// state; false (explained) when it is missing, unreadable, malformed or
+// refused.
+bool ReadEffective(devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
+  if (const devhost::IniTree* pKept = View().Effective()) {
+    tree = *pKept;
+    std::string strError;
+    return !pConf || devhost::ConfFromIni(tree, *pConf, strError);
+  }
+  const std::string& strPath = View().Files().strEffective;
   std::string strError;
   switch (devhost::ReadIniFile(strPath, tree, strError)) {
     case devhost::IniRead::kOk:
-      return CheckedConf(strPath, tree, true, pConf);
+      if (!CheckedConf(strPath, tree, true, pConf)) return false;
+      View().KeepEffective(tree);
+      return true;
     case devhost::IniRead::kMissing:
       Report(strPath + " does not exist");
       return false;
@@ -138,6 +145,8 @@ bool CreateEffectiveFromDefault(const CStateFiles& files) {
     Report(strError);
     return false;
   }
+  // Checked already: it is not read again.
+  View().KeepEffective(tree);
   return true;
 }
 
@@ -145,32 +154,42 @@ bool isInstalled(const CStateFiles& files) {
   return devhost::isPresent(files.strEffective) || devhost::isPresent(files.strDefault);
 }
 
-// Takes the state lock, creating the state directory, makes sure the
-// configuration in effect exists and brings the command's view of the
-// pending configuration up to date. kStatusOk, kStatusNotInstalled or
+// Opens the command's view of the state, unless it is open under the lock
+// holding of now: takes the lock (creating the state directory), makes sure
+// the configuration in effect exists and brings the view of the pending
+// configuration up to date. kStatusOk, kStatusNotInstalled or
 // kStatusFailure. After a failure the command stops: every later call fails
 // too, without a second message, so that nothing is shown or written from
 // files that were refused.
-int OpenState(const CStateFiles& files, devhost::CStateLock& lock) {
+int OpenState() {
   if (Pending().hasFailed()) return kStatusFailure;
+  devhost::CStateView& view = View();
+  if (view.isOpen()) return view.Status();
+  std::string strError;
+  if (!view.Lock(strError)) {
+    Report(strError);
+    return kStatusFailure;
+  }
+  const CStateFiles& files = view.Files();
   if (!isInstalled(files)) {
     // An answer, not a failure: the plug-in shows its own message for it.
     ExplainOnce("the logging tool is not installed: neither " + files.strEffective + " nor " + files.strDefault +
                 " exists");
+    view.Opened(kStatusNotInstalled);
     return kStatusNotInstalled;
   }
-  std::string strError;
-  if (!devhost::PrepareStateDir(strError) || !lock.Acquire(files.strLock, strError) ||
-      !Pending().Refresh(files.strPending, strError)) {
+  if (!Pending().Refresh(files.strPending, strError)) {
     Report(strError);
     return kStatusFailure;
   }
   if (!devhost::isPresent(files.strEffective) && !CreateEffectiveFromDefault(files)) return kStatusFailure;
+  view.Opened(kStatusOk);
   return kStatusOk;
 }
 
 // The pending configuration, checked; false (explained) when it is refused.
-bool PendingTree(const CStateFiles& files, devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
+bool PendingTree(devhost::IniTree& tree, Velmora_LoggerConf* pConf = nullptr) {
+  const CStateFiles& files = View().Files();
   std::string strError;
   if (!Pending().Tree(tree, strError)) {
     Report(strError);
@@ -187,9 +206,34 @@ bool PendingTree(const CStateFiles& files, devhost::IniTree& tree, Velmora_Logge
   return true;
 }
 
-std::string OwnerText() {
-  return "session " + std::to_string(Pending().OwnerSession()) + " (the terminal session of process " +
-         std::to_string(Pending().OwnerSession()) + ", which is still running)";
+// True when the configuration in effect now is what the pending tree held:
+// another command saved it. Both are compared as records, as a save writes
+// them.
+bool isInEffectNow(const devhost::IniTree& pending) {
+  Velmora_LoggerConf pendingConf, effectiveConf, savedConf;
+  devhost::IniTree effective;
+  std::string strError;
+  if (pending.empty() || !devhost::ConfFromIni(pending, pendingConf, strError) ||
+      !devhost::ConfFromIni(devhost::ConfToIni(pendingConf), savedConf, strError) ||
+      !ReadEffective(effective, &effectiveConf)) {
+    return false;
+  }
+  return devhost::DescribeConf(savedConf) == devhost::DescribeConf(effectiveConf);
+}
+
+// Who holds the pending edits, in the same words for a refused edit, save
+// and discard: the session, its user, since when, and how to release them.
+std::string OwnerRefusal() {
+  const devhost::CSessionRecord& owner = Pending().Owner();
+  const bool bElsewhere = devhost::isInOtherNamespace(owner);
+  std::string strText =
+      "the pending changes in " + View().Files().strPending + " belong to session " + std::to_string(owner.nSession);
+  if (bElsewhere) strText += " of another PID namespace (pid:[" + std::to_string(owner.nPidNamespace) + "])";
+  if (!owner.strUser.empty()) strText += " of user " + owner.strUser;
+  if (!owner.strSince.empty()) strText += ", held since " + owner.strSince;
+  strText += bElsewhere ? ", whose leader cannot be looked at from here"
+                        : ", whose leader (process " + std::to_string(owner.nSession) + ") is still running";
+  return strText + "; \"logger -discard\" in that session releases them, or removing the file once it has ended";
 }
 
 }  // namespace
@@ -198,9 +242,19 @@ namespace devhost {
 
 bool CommitPendingEdits() {
   std::string strError;
-  if (CPendingEdits::OfThisCommand().Commit(StateDir() + kLockFileName, strError)) return true;
-  if (!strError.empty()) {
-    std::cerr.clear();
+  // A change was made under the lock, which the view holds, or ktl-cli.
+  const bool bSaved = CStateView::OfThisCommand().wasSaved();
+  const bool bCommitted = CPendingEdits::OfThisCommand().Commit(strError);
+  CStateView::OfThisCommand().Forget();
+  if (bCommitted) return true;
+  if (strError.empty()) return false;
+  std::cerr.clear();
+  // A save is in effect once the configuration in effect is replaced; what
+  // failed after it is only the removal of the pending configuration.
+  if (bSaved) {
+    std::cerr << "ktl-cli: the pending changes were saved and are now in effect, but " << strError
+              << "; \"logger -discard\" drops the pending configuration\n";
+  } else {
     std::cerr << "ktl-cli: " << strError << '\n';
   }
   return false;
@@ -212,6 +266,8 @@ bool CommitPendingEdits() {
 // this process left uncommitted (it stopped on an exception) is forgotten.
 CToolServiceLoggerAcc::CToolServiceLoggerAcc() : m_pState(new CLoggerServiceState) {
   Pending().Forget();
+  View().Forget();
+  devhost::ForgetCurrentSession();
   LastExplanation().clear();
 }
 
@@ -222,39 +278,36 @@ int CToolServiceLoggerAcc::initWrite(int nProcessId) {
   state.bHasSession = true;
   state.nSession = nProcessId;
 
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  const int nStatus = OpenState(files, lock);
+  const int nStatus = OpenState();
   if (nStatus != kStatusOk) return nStatus;
   // Edits of an ended session are taken over by the first edit that changes
   // them, not here: a command that only looks changes nothing.
-  return Pending().OwnerFor(nProcessId) == devhost::PendingOwner::kOther ? kStatusHeldByOtherSession : kStatusOk;
+  if (Pending().OwnerFor(nProcessId) != devhost::PendingOwner::kOther) return kStatusOk;
+  // Said with the plug-in's refusal, if the command is refused for it.
+  devhost::AddDetailToError(kRefusedForOtherSession, OwnerRefusal());
+  return kStatusHeldByOtherSession;
 }
 
 bool CToolServiceLoggerAcc::CheckProcessId(int nProcessId) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
   return Pending().OwnerFor(nProcessId) != devhost::PendingOwner::kOther;
 }
 
 int CToolServiceLoggerAcc::GetParameter(Velmora_LoggerConf& conf) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  const int nStatus = OpenState(files, lock);
+  const int nStatus = OpenState();
   if (nStatus != kStatusOk) return nStatus;
   devhost::IniTree tree;
-  return ReadEffective(files.strEffective, tree, &conf) ? kStatusOk : kStatusFailure;
+  return ReadEffective(tree, &conf) ? kStatusOk : kStatusFailure;
 }
 
 bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
   if (Pending().wereDroppedMeanwhile()) {
-    Report(
-        "the pending changes were discarded by another command while this one waited for an answer; "
-        "nothing was saved");
+    Report(isInEffectNow(Pending().FirstSeen())
+               ? "the pending changes were saved by another command while this one waited for an answer; "
+                 "they are in effect, and this command saved nothing"
+               : "the pending changes were discarded by another command while this one waited for an answer; "
+                 "nothing was saved");
     return false;
   }
   // No pending edits is an ordinary answer, not a failure: noted, in case
@@ -264,14 +317,13 @@ bool CToolServiceLoggerAcc::ReadConfFile(Velmora_LoggerConf& conf) {
     return false;
   }
   devhost::IniTree tree;
-  return PendingTree(files, tree, &conf);
+  return PendingTree(tree, &conf);
 }
 
 int CToolServiceLoggerAcc::SetParameter(Velmora_LoggerConf conf) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  const int nStatus = OpenState(files, lock);
+  const int nStatus = OpenState();
   if (nStatus != kStatusOk) return nStatus;
+  const CStateFiles& files = View().Files();
   const devhost::IniTree tree = devhost::ConfToIni(conf);
   std::string strError;
   if (!CheckedConf(files.strEffective, tree, true, nullptr)) return kStatusFailure;
@@ -279,6 +331,8 @@ int CToolServiceLoggerAcc::SetParameter(Velmora_LoggerConf conf) {
     Report(strError);
     return kStatusFailure;
   }
+  View().KeepEffective(tree);
+  View().NoteSaved();
   return kStatusOk;
 }
 
@@ -291,11 +345,9 @@ void CToolServiceLoggerAcc::ShowConf(Velmora_LoggerConf conf) {
 bool CToolServiceLoggerAcc::Discard() {
   const CLoggerServiceState& state = *static_cast<const CLoggerServiceState*>(m_pState);
   const int nSession = state.bHasSession ? state.nSession : devhost::CurrentSession();
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
   if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {
-    Report("cannot discard " + files.strPending + ": the pending changes belong to " + OwnerText());
+    Report(OwnerRefusal());
     return false;
   }
   if (Pending().hasEdits()) Pending().Remove();
@@ -303,13 +355,11 @@ bool CToolServiceLoggerAcc::Discard() {
 }
 
 bool CToolServiceLoggerAcc::GetString(std::string strSection, std::string strKey, std::string& strValue) {
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
   // The pending configuration starts as a copy of the one in effect, so
   // until the first edit creates it, the one in effect answers for it.
   devhost::IniTree tree;
-  if (Pending().hasEdits() ? !PendingTree(files, tree) : !ReadEffective(files.strEffective, tree)) return false;
+  if (Pending().hasEdits() ? !PendingTree(tree) : !ReadEffective(tree)) return false;
   const std::string* pValue = devhost::FindIniValue(tree, strSection, strKey);
   if (!pValue) return false;
   strValue = *pValue;
@@ -322,9 +372,8 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
   // started it, as GetPPID reports it.
   const int nSession = state.bHasSession ? state.nSession : devhost::CurrentSession();
 
-  const CStateFiles files;
-  devhost::CStateLock lock;
-  if (OpenState(files, lock) != kStatusOk) return false;
+  if (OpenState() != kStatusOk) return false;
+  const CStateFiles& files = View().Files();
   std::string strError;
   if (!devhost::isStorableIniEntry(strSection, strKey, strValue, strError) ||
       !devhost::CheckEdit(strSection, strKey, strValue, strError)) {
@@ -332,7 +381,7 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
     return false;
   }
   if (Pending().OwnerFor(nSession) == devhost::PendingOwner::kOther) {
-    Report("cannot change " + files.strPending + ": the pending changes belong to " + OwnerText());
+    Report(OwnerRefusal());
     return false;
   }
   // The edit is written when the command ends; a directory that cannot take
@@ -343,7 +392,7 @@ bool CToolServiceLoggerAcc::WriteString(std::string strSection, std::string strK
   }
   // Copy on write: the first edit starts from the configuration in effect.
   devhost::IniTree tree;
-  if (Pending().hasEdits() ? !PendingTree(files, tree) : !ReadEffective(files.strEffective, tree)) return false;
+  if (Pending().hasEdits() ? !PendingTree(tree) : !ReadEffective(tree)) return false;
   devhost::SetIniValue(tree, strSection, strKey, strValue);
   Pending().Replace(tree, nSession);
   return true;

@@ -65,7 +65,6 @@ every key of the default; an empty one is refused:
   $ ls $state
   audit.log
   ktl-cli.lock
-  logger.lock
 
 Values that are not numbers, and files that are not INI files:
 
@@ -75,8 +74,23 @@ Values that are not numbers, and files that are not INI files:
   [1]
   $ sed 's/^Interval=60/Interval=sixty/' $TESTDIR/../../devhost/default/logger.ini > broken.ini
   $ KTL_DEFAULT_CONF=$PWD/broken.ini ktl-cli logger -confirm cur
-  ktl-cli: */broken.ini: [CPU] Interval="sixty" is not a decimal integer (glob)
+  ktl-cli: */broken.ini: [CPU] Interval="sixty" is not a decimal number from 1 to 2147483647 (glob)
   [1]
+
+Values out of what a save could write back are refused as they are read,
+naming the file, the section, the key and what the value should be:
+
+  $ ktl-cli logger -confirm cur > /dev/null
+  $ cp $state/logger.ini good.ini
+  $ sed -i 's/^Interval=60/Interval=-1/' $state/logger.ini
+  $ ktl-cli logger -confirm cur
+  ktl-cli: */logger.ini: [CPU] Interval="-1" is not a decimal number from 1 to 2147483647 (glob)
+  [1]
+  $ sed 's/^Available=0x10/Available=0x7/' good.ini > $state/logger.ini
+  $ ktl-cli logger -syslogoutput off
+  ktl-cli: */logger.ini: [FILESYS] Available="0x7" is not a switch (0x11 or 0x10) (glob)
+  [1]
+  $ rm $state/logger.ini
   $ printf 'Output=0x11\n[Syslog]\n' > broken.ini
   $ KTL_DEFAULT_CONF=$PWD/broken.ini ktl-cli logger -confirm cur
   ktl-cli: */broken.ini: malformed INI file: key "Output" stands before any section (glob)

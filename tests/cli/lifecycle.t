@@ -62,9 +62,11 @@ is switched on is not mounted any more), and a command of another session.
   unchanged
   $ setsid -w ktl-cli logger -syslogoutput off; unchanged
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
+  ktl-cli: the pending changes in /*/ktl-cli/logger.edit.ini belong to session * of user *, held since *, whose leader (process *) is still running; "logger -discard" in that session releases them, or removing the file once it has ended (glob)
   unchanged
   $ setsid -w ktl-cli logger -save -nochk; unchanged
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
+  ktl-cli: the pending changes in /*/ktl-cli/logger.edit.ini belong to session * of user *, held since *, whose leader (process *) is still running; "logger -discard" in that session releases them, or removing the file once it has ended (glob)
   unchanged
 
 The save puts the pending configuration into effect and drops it; what is
@@ -76,7 +78,6 @@ in effect is what was confirmed.
   audit.log
   ktl-cli.lock
   logger.ini
-  logger.lock
   $ sed -n '/^\[FILESYS\]/,$p' $state/logger.ini
   [FILESYS]
   Available=0x11

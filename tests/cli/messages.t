@@ -4,11 +4,11 @@ found", "syslog output is off"):
 
   $ ktl-cli logger -syslogoutput on > /dev/null
   $ state=~/.local/state/ktl-cli
-  $ rm $state/logger.lock && mkdir $state/logger.lock
+  $ rm $state/ktl-cli.lock && mkdir $state/ktl-cli.lock
   $ ktl-cli logger -alert inf -setting off
-  ktl-cli: cannot open /*/ktl-cli/logger.lock: Is a directory (glob)
+  ktl-cli: cannot open /*/ktl-cli/ktl-cli.lock: Is a directory (glob)
   [1]
-  $ rmdir $state/logger.lock
+  $ rmdir $state/ktl-cli.lock
   $ cp $state/logger.ini good.ini && echo 'Output' >> $state/logger.ini
   $ ktl-cli logger -save -nochk
   ktl-cli: /*/ktl-cli/logger.ini:*: malformed INI file: '=' character not found in line (glob)
@@ -36,4 +36,5 @@ Output that cannot be written fails the command, whatever it was:
   [1]
   $ ktl-cli logger -syslogoutput on > /dev/full
   ktl-cli: cannot write the command's output to standard output: No space left on device
+  ktl-cli: the command took effect all the same: The change is pending: "logger -save" applies it, "logger -discard" drops it.
   [1]

@@ -28,12 +28,14 @@ names the owner.
 
   $ setsid -w ktl-cli logger -device cpu -setting off
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
+  ktl-cli: the pending changes in /*/ktl-cli/logger.edit.ini belong to session * of user *, held since *, whose leader (process *) is still running; "logger -discard" in that session releases them, or removing the file once it has ended (glob)
   [1]
   $ setsid -w ktl-cli logger -save -nochk
   Error: The logger configuration is being edited in another session. Save or discard the pending changes in that session first.
+  ktl-cli: the pending changes in /*/ktl-cli/logger.edit.ini belong to session * of user *, held since *, whose leader (process *) is still running; "logger -discard" in that session releases them, or removing the file once it has ended (glob)
   [1]
   $ setsid -w ktl-cli logger -discard -nochk
-  ktl-cli: cannot discard .*/\.local/state/ktl-cli/logger\.edit\.ini: the pending changes belong to session [0-9]+ \(the terminal session of process [0-9]+, which is still running\) (re)
+  ktl-cli: the pending changes in /*/ktl-cli/logger.edit.ini belong to session * of user *, held since *, whose leader (process *) is still running; "logger -discard" in that session releases them, or removing the file once it has ended (glob)
   [1]
   $ setsid -w ktl-cli logger -confirm edit | grep Warning
       Warning alerts        : Off

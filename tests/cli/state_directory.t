@@ -19,7 +19,6 @@ configurations readable by all:
   -rw------- STATE/ktl-cli.lock
   -rw-r--r-- STATE/logger.edit.ini
   -rw-r--r-- STATE/logger.ini
-  -rw------- STATE/logger.lock
 
 A directory of another user, or one that group or others can write, is
 refused, naming it and what is wrong:

@@ -1,6 +1,8 @@
 // The logger configuration record as INI, both ways.
 #include "devhost/service/logger_conf_ini.h"
 
+#include "devhost/service/logger_conf_check.h"
+
 #include "tests/devhost/devhost_test_support.h"
 
 namespace {
@@ -57,27 +59,54 @@ TEST_F(LoggerConfIniTest, FileValuesMapToTheRecordAndBack) {
   }
 }
 
-TEST_F(LoggerConfIniTest, ValueThatIsNotANumberIsAnErrorAndLeavesTheRecordAlone) {
+// One table says what each value may be: the reader refuses what an edit
+// may not write, naming section, key, value and what it should be, and
+// leaves the record alone.
+TEST_F(LoggerConfIniTest, ReaderAndWriterRefuseTheSameValues) {
   const struct {
-    const char* text;
-    const char* expected;
+    const char* section;
+    const char* key;
+    const char* value;
+    const char* expected;  // nullptr = valid
   } cases[] = {
-      {"[CPU]\nInterval=\n", "[CPU] Interval=\"\" is not a decimal integer"},
-      {"[MEMORY]\nCount=12x\n", "[MEMORY] Count=\"12x\" is not a decimal integer"},
-      {"[FILESYS]\nInterval=0x10\n", "[FILESYS] Interval=\"0x10\" is not a decimal integer"},
-      {"[CPU]\nThreshold=99999999999\n", "[CPU] Threshold=\"99999999999\" is not a decimal integer"},
-      {"[Syslog]\nError=on\n", "[Syslog] Error=\"on\" is not a switch"},
-      {"[FSNAME-1]\nThreshold=ninety\n", "[FSNAME-1] Threshold=\"ninety\" is not a decimal integer"},
-      {"[FSNAME-01]\nMount=/x\n", "[FSNAME-01] is not a mount-point section"},
+      {"CPU", "Interval", "", "[CPU] Interval=\"\" is not a decimal number from 1 to 2147483647"},
+      {"MEMORY", "Count", "12x", "[MEMORY] Count=\"12x\" is not a decimal number from 1"},
+      {"FILESYS", "Interval", "0x10", "[FILESYS] Interval=\"0x10\" is not a decimal number"},
+      {"CPU", "Interval", "-1", "[CPU] Interval=\"-1\" is not a decimal number from 1"},
+      {"CPU", "Interval", "-7", "[CPU] Interval=\"-7\" is not a decimal number from 1"},
+      {"MEMORY", "Count", "0", "[MEMORY] Count=\"0\" is not a decimal number from 1"},
+      {"CPU", "Interval", "2147483647", nullptr},
+      {"CPU", "Threshold", "99999999999", "[CPU] Threshold=\"99999999999\" is not a decimal number from 0 to 100"},
+      {"CPU", "Threshold", "101", "[CPU] Threshold=\"101\" is not a decimal number from 0 to 100"},
+      {"CPU", "Threshold", "0", nullptr},
+      {"Syslog", "Error", "on", "[Syslog] Error=\"on\" is not a switch (0x11 or 0x10)"},
+      {"CPU", "Available", "0", "[CPU] Available=\"0\" is not a switch"},
+      {"CPU", "Available", "0x7", "[CPU] Available=\"0x7\" is not a switch"},
+      {"CPU", "Available", "17", nullptr},
+      {"FSNAME-1", "Threshold", "ninety", "[FSNAME-1] Threshold=\"ninety\" is not a decimal number from 0 to 100"},
+      {"FSNAME-1", "Available", "0x12", "[FSNAME-1] Available=\"0x12\" is not a switch"},
+      {"FSNAME-1", "Mount", "-1", nullptr},
   };
   for (const auto& c : cases) {
+    const std::string strText = std::string("[") + c.section + "]\n" + c.key + "=" + c.value + "\n";
     Velmora_LoggerConf read;
     read.cpu.nInterval = 77;
     std::string strError;
-    EXPECT_FALSE(Read(c.text, read, strError)) << c.text;
-    EXPECT_NE(strError.find(c.expected), std::string::npos) << c.text << " gave: " << strError;
-    EXPECT_EQ(read.cpu.nInterval, 77) << c.text << ": the record must be left alone";
+    EXPECT_EQ(Read(strText, read, strError), c.expected == nullptr) << strText << strError;
+    if (c.expected) {
+      EXPECT_NE(strError.find(c.expected), std::string::npos) << strText << " gave: " << strError;
+      EXPECT_EQ(read.cpu.nInterval, 77) << strText << ": the record must be left alone";
+    }
+    std::string strEditError;
+    EXPECT_EQ(devhost::CheckEdit(c.section, c.key, c.value, strEditError), c.expected == nullptr) << strText;
+    if (c.expected) {
+      EXPECT_NE(strEditError.find(c.expected), std::string::npos) << strText << strEditError;
+    }
   }
+  std::string strError;
+  Velmora_LoggerConf read;
+  EXPECT_FALSE(Read("[FSNAME-01]\nMount=/x\n", read, strError));
+  EXPECT_NE(strError.find("[FSNAME-01] is not a mount-point section"), std::string::npos) << strError;
 }
 
 }  // namespace

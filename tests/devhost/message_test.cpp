@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "devhost/messages/held_messages.h"
 #include "devhost/messages/message_catalogue.h"
 #include "host/message.h"
 #include "tests/devhost/devhost_test_support.h"
@@ -125,6 +126,36 @@ TEST_F(MessageTest, InquiryAcceptsOnlyYesAsksAtMostThreeTimesAndStopsAtTheEndOfI
   }
   dup2(fdSavedInput, STDIN_FILENO);
   close(fdSavedInput);
+}
+
+// While a command runs, a success is shown only once its change is
+// committed (and not at all when the command fails), but before a question.
+TEST_F(MessageTest, SuccessesWaitForTheCommitOrAQuestion) {
+  std::string strHeld, strProblem;
+  ASSERT_TRUE(devhost::LookupMessageText("MSG_CLI_HOLD_PARAM", strHeld, strProblem));
+  for (const bool bCommitted : {true, false}) {
+    devhost::StartHoldingMessages();
+    EXPECT_EQ(Show("MSG_CLI_HOLD_PARAM", 0), 0);
+    EXPECT_EQ(m_strOut, "") << "shown before the commit";
+    ::testing::internal::CaptureStdout();
+    EXPECT_EQ(devhost::EndHoldingMessages(bCommitted), bCommitted ? strHeld + "\n" : "");
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), bCommitted ? strHeld + "\n" : "");
+  }
+
+  devhost::StartHoldingMessages();
+  Show("MSG_CLI_HOLD_PARAM", 0);
+  devhost_test::WriteFile(Path("no-answer"), "");
+  const int fdSavedInput = dup(STDIN_FILENO);
+  const int fd = open(Path("no-answer").c_str(), O_RDONLY);
+  dup2(fd, STDIN_FILENO);
+  close(fd);
+  ::testing::internal::CaptureStdout();
+  CMessage().Inquiry("MSG_CLI_SAVE_PARAM", 0);
+  const std::string strOut = ::testing::internal::GetCapturedStdout();
+  dup2(fdSavedInput, STDIN_FILENO);
+  close(fdSavedInput);
+  EXPECT_EQ(strOut.find(strHeld), 0u) << strOut;
+  EXPECT_EQ(devhost::EndHoldingMessages(false), strHeld + "\n") << "printed before the question";
 }
 
 }  // namespace
