@@ -3,9 +3,9 @@
 # test: with coverage counters (coverage per folder, with floors; this run
 # stands for the default build's, whose end-to-end ktl-cli runs go under
 # valgrind's memcheck), under AddressSanitizer and UndefinedBehaviorSanitizer,
-# with the older std::string ABI and cross-built for armhf under qemu-arm,
+# cross-built for armhf (older std::string ABI) under qemu-arm,
 # each build's module checked with check-plugin.sh; the plug-in alone with
-# GCC 11 (and its own tests) and with clang; then the guards: a minute of fuzzing, the
+# GCC 11 (and its own tests) and with clang; then the guards: half a minute of fuzzing, the
 # binary contract against abi/, and the Debian packages (built, inspected by
 # lintian, installed, run and removed, which needs root; the armhf and arm64
 # plug-in packages built and inspected). The C++ files must match
@@ -55,8 +55,13 @@ bash scripts/valgrind-e2e.sh "$top/build"
 step "build and test under ASan and UBSan"
 build_and_test sanitize
 
-step "build and test with the older std::string ABI"
-build_and_test old-abi
+# The armhf build below uses the older std::string ABI too and runs every
+# test with it; here the x86-64 module alone is built, for its own checks
+# and its binary contract.
+step "the plug-in with the older std::string ABI"
+cmake --preset old-abi >/dev/null
+cmake --build --preset old-abi --target ktl_cli-logger
+bash scripts/check-plugin.sh "$top/build-old-abi"
 
 step "build for armhf and test under qemu-arm"
 build_and_test armhf
@@ -66,8 +71,8 @@ build_and_test gcc11
 bash scripts/build.sh clang
 bash scripts/check-plugin.sh "$top/build-clang" >/dev/null
 
-step "fuzz the whole protocol for ${KTL_FUZZ_SECONDS:-60} s"
-bash scripts/fuzz.sh "${KTL_FUZZ_SECONDS:-60}"
+step "fuzz the whole protocol for ${KTL_FUZZ_SECONDS:-30} s"
+bash scripts/fuzz.sh "${KTL_FUZZ_SECONDS:-30}"
 
 step "binary contract"
 for preset in default old-abi armhf; do

@@ -43,7 +43,7 @@ void FlushHeldMessages() {
 
 std::string EndHoldingMessages(bool bPrint) {
   if (bPrint) FlushHeldMessages();
-  const std::string strShown = Held().strShown;
+  std::string strShown = Held().strShown;
   Held() = CHeldMessages();
   return strShown;
 }
