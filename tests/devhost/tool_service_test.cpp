@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include "devhost/files/command_lock.h"
+#include "devhost/service/edit_session.h"
 #include "devhost/service/pending_edits.h"
 #include "tests/devhost/devhost_test_support.h"
 
@@ -33,7 +34,9 @@ class ToolServiceTest : public devhost_test::DevhostTest {
     return GetCapturedStderr();
   }
   std::string Pending() const { return StateFile("logger.edit.ini"); }
-  const int m_nSelf = static_cast<int>(getsid(0));
+  // This process's session as the host names it (GetPPID): inside a PID
+  // namespace entered from outside, getsid answers 0.
+  const int m_nSelf = devhost::CurrentSession();
 };
 
 TEST_F(ToolServiceTest, ACommandsEditsAreWrittenOnceWholeOrNotAtAll) {
