@@ -37,13 +37,16 @@ status=0
 "$build_dir/tests/devhost/devhost_tests" \
   --gtest_filter='Logger*:-LoggerKillTest.*:LoggerConcurrencyTest.EditsStartedAtOnce*' \
   || status=$?
-# cli.waiting is left out: it times a command waiting for another, and
-# valgrind's start-up alone takes longer than the waits it measures. The
-# sessions of help, completion, reasons and manual pages are left out too:
-# they run the code that reads the command's description and words its
-# texts, hundreds of short runs that would double this step, and the
-# ASan+UBSan run checks that code's memory on every one of them.
-(cd "$build_dir" && ctest -j2 -R '^cli\.' -E '^cli\.(waiting|help|completion|reasons|man)$') || status=$?
+# The sessions that change the state or read hostile files, where a memory
+# error would do harm: the life of a configuration, sessions, audit, the
+# state directory, inconsistent files, what took effect, compare, leftovers,
+# namespaces, the limits file and the README's session. The others (help,
+# completion, reasons, the shell, reports, timed waits, the same sessions in
+# a PID namespace) run code that the ASan+UBSan run checks on every one of
+# them; under valgrind they would double this step.
+(cd "$build_dir" &&
+  ctest -j2 -R '^cli\.(lifecycle|sessions|audit|state_directory|inconsistent_files|words_match_effect|compare|leftovers|namespaces|limits_file|readme_session)$') ||
+  status=$?
 
 shopt -s nullglob
 logs=("$log_dir"/ktl-cli.*.log)

@@ -211,3 +211,11 @@ the shell keeps no history rather than wait on it.
   $ printf 'exit\n' | "$TESTDIR/shell-session.sh"
   ktl-cli: no history is kept: /*/.ktl_history is not a regular file (glob)
   ktl> exit
+
+Each line is a command of its own: a wrong value of the limits file is
+reported by every line that reads it.
+
+  $ mkdir -p root/opt/velmora/ktl/cli
+  $ printf '[CPU]\nTHRESHOLD_MIN = ten\n' > root/opt/velmora/ktl/cli/LoggerParams.ini
+  $ printf 'logger -device cpu -setting on -threshold 50\nlogger -device cpu -setting on -threshold 60\nlogger -discard -nochk\nexit\n' | KTL_ROOT=$PWD/root "$TESTDIR/shell-session.sh" | grep -c 'THRESHOLD_MIN="ten"'
+  2
