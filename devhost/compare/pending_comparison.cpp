@@ -5,16 +5,13 @@
 
 #include "devhost/compare/config_changes.h"
 #include "devhost/files/ini_store.h"
-#include "devhost/files/paths.h"
 #include "devhost/service/logger_conf_check.h"
 #include "devhost/service/logger_conf_ini.h"
 #include "devhost/service/pending_edits.h"
+#include "devhost/service/state_view.h"
 
 namespace devhost {
 namespace {
-
-const char kEffectiveFileName[] = "/logger.ini";
-const char kPendingFileName[] = "/logger.edit.ini";
 
 bool ConfOfTree(const std::string& strPath, const IniTree& tree, bool bComplete, Velmora_LoggerConf& conf,
                 std::string& strError) {
@@ -29,8 +26,8 @@ bool ConfOfTree(const std::string& strPath, const IniTree& tree, bool bComplete,
 // The configuration in effect; before the first save, the shipped default
 // that the first command copies into place.
 bool ReadEffective(Velmora_LoggerConf& conf, std::string& strError) {
-  std::string strPath = StateDir() + kEffectiveFileName;
-  if (!isPresent(strPath)) strPath = DefaultConfFile();
+  const CStateFiles files = StateFilesNow();
+  const std::string& strPath = isPresent(files.strEffective) ? files.strEffective : files.strDefault;
   IniTree tree;
   switch (ReadIniFile(strPath, tree, strError)) {
     case IniRead::kOk:
@@ -61,7 +58,7 @@ bool ComparePending(CPendingComparison& comparison, std::string& strError) {
   Velmora_LoggerConf effective;
   if (!ReadEffective(effective, strError)) return false;
 
-  const std::string strPendingPath = StateDir() + kPendingFileName;
+  const std::string strPendingPath = StateFilesNow().strPending;
   CPendingEdits& pending = CPendingEdits::OfThisCommand();
   if (!pending.Refresh(strPendingPath, strError)) return false;
   if (!pending.hasEdits()) return true;

@@ -4,6 +4,15 @@
 
 namespace devhost {
 
+CStateFiles StateFilesNow() {
+  CStateFiles files;
+  files.strDir = StateDir();
+  files.strEffective = files.strDir + "/logger.ini";
+  files.strPending = files.strDir + "/logger.edit.ini";
+  files.strDefault = DefaultConfFile();
+  return files;
+}
+
 CStateView& CStateView::OfThisCommand() {
   static CStateView view;
   return view;
@@ -13,10 +22,7 @@ bool CStateView::Lock(std::string& strError) {
   m_bOpen = false;
   m_bHasEffective = false;
   m_effective.clear();
-  m_files.strDir = StateDir();
-  m_files.strEffective = m_files.strDir + "/logger.ini";
-  m_files.strPending = m_files.strDir + "/logger.edit.ini";
-  m_files.strDefault = DefaultConfFile();
+  m_files = StateFilesNow();
   if (isCommandLockHeld()) return true;
   std::unique_ptr<CCommandLock> pLock(new CCommandLock);
   if (!pLock->Acquire(strError)) return false;

@@ -26,6 +26,10 @@ struct CStateFiles {
   std::string strDefault;    // the shipped default
 };
 
+// The names of the service's files under devhost::StateDir() as the
+// environment gives it now: the one place that names them.
+CStateFiles StateFilesNow();
+
 class CStateView {
  public:
   static CStateView& OfThisCommand();

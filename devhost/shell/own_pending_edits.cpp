@@ -5,22 +5,15 @@
 
 #include <string>
 
-#include "devhost/files/paths.h"
 #include "devhost/service/edit_session.h"
 #include "devhost/service/pending_edits.h"
-
-namespace {
-
-// The service's pending configuration in the state directory.
-const char kPendingFileName[] = "/logger.edit.ini";
-
-}  // namespace
+#include "devhost/service/state_view.h"
 
 bool hasOwnPendingEdits() {
-  const std::string strStateDir = devhost::StateDir();
-  if (strStateDir.empty()) return false;
+  const devhost::CStateFiles files = devhost::StateFilesNow();
+  if (files.strDir.empty()) return false;
   devhost::CPendingEdits edits;
   std::string strError;
-  return edits.Refresh(strStateDir + kPendingFileName, strError) &&
+  return edits.Refresh(files.strPending, strError) &&
          edits.OwnerFor(devhost::CurrentSession()) == devhost::PendingOwner::kSession;
 }
