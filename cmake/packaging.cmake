@@ -1,7 +1,7 @@
 # Debian packages, built with "cpack -G DEB" from a build directory:
 #   ktl-cli-logger  the plug-in, where the appliance's CLI loads plug-ins,
 #                   and an example limits file kept as a conffile
-#   ktl-cli-host    the development host: ktl-cli, its private libktl_host.so,
+#   ktl-cli-host    the development host: ktl-cli, its shell module,
 #                   templates, message catalogue and default configuration
 # Only these install rules exist, so nothing of the tests is packaged. A
 # cross build packages the plug-in alone: that is what the appliance
@@ -25,13 +25,9 @@ install(FILES "${PROJECT_SOURCE_DIR}/packaging/LoggerParams.ini"
 
 # ---- ktl-cli-host ----
 install(TARGETS ktl-cli RUNTIME DESTINATION bin COMPONENT host)
-install(TARGETS ktl_host LIBRARY DESTINATION "${KTL_HOST_LIB_DIR}" COMPONENT host)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/devhost/templates" "${PROJECT_SOURCE_DIR}/devhost/catalogue"
                   "${PROJECT_SOURCE_DIR}/devhost/default"
         DESTINATION "${KTL_INSTALL_DATA_DIR}" COMPONENT host)
-# libktl_host.so is private to ktl-cli, found through its RPATH
-# (devhost/CMakeLists.txt), the same in the build tree and when installed.
-
 # An installed ktl-cli built without the installed paths would look for its
 # data in this checkout; say so at configure time rather than at run time.
 if(NOT KTL_HOST_PLUGIN_DIR STREQUAL KTL_INSTALL_PLUGIN_DIR OR
@@ -110,8 +106,6 @@ if(CMAKE_CROSSCOMPILING)
   set(CPACK_PROJECT_CONFIG_FILE "${PROJECT_SOURCE_DIR}/cmake/cross_package_depends.cmake")
 else()
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-  # libktl_host.so comes with ktl-cli, not from another package.
-  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/devhost")
 endif()
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
@@ -134,7 +128,7 @@ set(CPACK_COMPONENT_HOST_DEPENDS logger)
 include(CPack)
 
 # ---- ktl-cli-host: help, shell, manual pages and completion ----
-# The shell module lives beside libktl_host.so, where ktl-cli loads it from;
+# The shell module lives in /usr/lib/ktl-cli, where ktl-cli loads it from;
 # command descriptions lie beside the plug-ins they describe; the bash
 # completion goes where Debian's bash-completion loads it on demand.
 if(TARGET ktl_shell)

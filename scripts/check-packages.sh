@@ -45,7 +45,6 @@ expect_paths "$logger_deb" \
   /opt/velmora/ktl/cli/LoggerParams.ini
 expect_paths "$host_deb" \
   /usr/bin/ktl-cli \
-  /usr/lib/ktl-cli/libktl_host.so \
   /usr/share/ktl-cli/templates/logger.mustache \
   /usr/share/ktl-cli/catalogue/messages.ini \
   /usr/share/ktl-cli/default/logger.ini \

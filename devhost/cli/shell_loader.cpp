@@ -2,31 +2,35 @@
 #include "devhost/cli/shell_loader.h"
 
 #include <dlfcn.h>
+#include <limits.h>
+#include <unistd.h>
 
 #include <iostream>
 #include <string>
 
 #include "devhost/cli/drive_command.h"
-#include "devhost/files/paths.h"
 
 namespace devhost {
 namespace {
 
 const char kShellModule[] = "libktl_shell.so";
 
-// The directory of libktl_host.so, found from one of its functions.
-std::string HostLibraryDir() {
-  Dl_info info;
-  if (dladdr(reinterpret_cast<void*>(&devhost::PluginDir), &info) == 0 || info.dli_fname == nullptr) return ".";
-  const std::string strPath = info.dli_fname;
+// The shell module's directory: KTL_SHELL_MODULE_DIR_FROM_BIN from the
+// directory of the running ktl-cli, which the kernel names whatever path or
+// link ktl-cli was started by.
+std::string ShellModuleDir() {
+  char szExecutable[PATH_MAX];
+  const ssize_t nLength = readlink("/proc/self/exe", szExecutable, sizeof(szExecutable) - 1);
+  if (nLength <= 0) return KTL_SHELL_MODULE_DIR_FROM_BIN;
+  const std::string strPath(szExecutable, static_cast<size_t>(nLength));
   const std::string::size_type nSlash = strPath.rfind('/');
-  return nSlash == std::string::npos ? "." : strPath.substr(0, nSlash);
+  return strPath.substr(0, nSlash == std::string::npos ? 0 : nSlash) + "/" + KTL_SHELL_MODULE_DIR_FROM_BIN;
 }
 
 }  // namespace
 
 int StartShell(KtlRunWords pfnRunWords) {
-  const std::string strPath = HostLibraryDir() + "/" + kShellModule;
+  const std::string strPath = ShellModuleDir() + "/" + kShellModule;
   // Never closed: the shell runs until the process ends.
   void* pHandle = dlopen(strPath.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (pHandle == nullptr) {

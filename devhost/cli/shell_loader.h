@@ -1,6 +1,6 @@
-// Starts the interactive shell: loads libktl_shell.so, which lives beside
-// libktl_host.so, only now, so that a one-shot command never loads the
-// line-editing library.
+// Starts the interactive shell: loads libktl_shell.so, which lives in
+// ../lib/ktl-cli from ktl-cli's own directory, only now, so that a one-shot
+// command never loads the line-editing library.
 #ifndef KTL_DEVHOST_CLI_SHELL_LOADER_H
 #define KTL_DEVHOST_CLI_SHELL_LOADER_H
 
