@@ -16,6 +16,7 @@
 #include "devhost/messages/held_messages.h"
 #include "devhost/messages/question_outcome.h"
 #include "devhost/service/pending_edits.h"
+#include "devhost/utilities/mount_snapshot.h"
 #include "devhost/utilities/refusal_reasons.h"
 #include "devhost/utilities/terminal_text.h"
 #include "host/command.h"
@@ -157,6 +158,9 @@ bool isValidCommandName(const std::string& strName) {
 }
 
 int DriveCommand(const std::string& strCommand, const std::vector<std::string>& vecWords) {
+  // The command's checks and the reasons after a refusal see one listing of
+  // the mounts, taken once.
+  const devhost::CMountSnapshot mounts;
   devhost::StartCollectingReasons();
   devhost::ForgetQuestionOutcome();
   const int nStatus = LoadAndRun(strCommand, vecWords);

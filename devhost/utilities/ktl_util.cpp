@@ -2,10 +2,12 @@
 // a private temporary file.
 //
 // The command "/bin/mount" (exactly) runs devhost::MountCommand() instead, so
-// that tests and development machines can supply their own mount table. The
-// command's standard input is /dev/null, so that it cannot take the
-// operator's answers to later questions; its standard error is the host's.
-// Its exit status is not looked at: the caller judges the output.
+// that tests and development machines can supply their own mount table, and
+// runs once per command: later requests of the same command get a copy of
+// its listing (devhost/utilities/mount_snapshot.h). The command's standard
+// input is /dev/null, so that it cannot take the operator's answers to later
+// questions; its standard error is the host's. Its exit status is not looked
+// at: the caller judges the output.
 #include "host/ktl_util.h"
 
 #include <fcntl.h>
@@ -14,6 +16,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cctype>
 #include <cerrno>
 #include <cstdarg>
 #include <cstring>
@@ -24,6 +27,7 @@
 #include "devhost/files/leftovers.h"
 #include "devhost/files/paths.h"
 #include "devhost/utilities/format.h"
+#include "devhost/utilities/mount_snapshot.h"
 #include "devhost/utilities/terminal_text.h"
 
 namespace {
@@ -33,22 +37,69 @@ const char kMountCommand[] = "/bin/mount";
 const char kOutputFilePrefix[] = "ktl-cmd-";
 const char kFallbackTempDir[] = "/tmp";
 
-// Runs strCommand with /bin/sh, its standard output going to fdOutput, and
-// waits for it.
-void RunShellCommand(const std::string& strCommand, int fdOutput) {
+// Starts the program pszPath with argv, its standard output going to
+// fdOutput, and waits for it. False when it could not be started.
+bool SpawnAndWait(const char* pszPath, char* const argv[], int fdOutput) {
   posix_spawn_file_actions_t actions;
-  if (posix_spawn_file_actions_init(&actions) != 0) return;
+  if (posix_spawn_file_actions_init(&actions) != 0) return false;
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   posix_spawn_file_actions_adddup2(&actions, fdOutput, STDOUT_FILENO);
-  std::string strShell = "sh", strOption = "-c", strScript = strCommand;
-  char* argv[] = {&strShell[0], &strOption[0], &strScript[0], nullptr};
   pid_t pid;
-  if (posix_spawn(&pid, "/bin/sh", &actions, nullptr, argv, environ) == 0) {
+  const bool bStarted = posix_spawn(&pid, pszPath, &actions, nullptr, argv, environ) == 0;
+  if (bStarted) {
     int nStatus;
     while (waitpid(pid, &nStatus, 0) < 0 && errno == EINTR) {
     }
   }
   posix_spawn_file_actions_destroy(&actions);
+  return bStarted;
+}
+
+// A command line that is one absolute path without any character the shell
+// would interpret: the shell would do nothing but run that program.
+bool isPlainProgramPath(const std::string& strCommand) {
+  if (strCommand.empty() || strCommand[0] != '/') return false;
+  for (const unsigned char c : strCommand) {
+    if (!std::isalnum(c) && std::strchr("/._+-", c) == nullptr) return false;
+  }
+  return true;
+}
+
+// Runs strCommand as /bin/sh -c would, its standard output going to
+// fdOutput, and waits for it. A plain program path is started directly,
+// which spares a shell's start (as long again as /bin/mount's own run);
+// when that fails, the shell runs it, and says why as it always did.
+void RunCommand(const std::string& strCommand, int fdOutput) {
+  std::string strProgram = strCommand;
+  char* programArgv[] = {&strProgram[0], nullptr};
+  if (isPlainProgramPath(strCommand) && SpawnAndWait(strProgram.c_str(), programArgv, fdOutput)) return;
+  std::string strShell = "sh", strOption = "-c", strScript = strCommand;
+  char* shellArgv[] = {&strShell[0], &strOption[0], &strScript[0], nullptr};
+  SpawnAndWait("/bin/sh", shellArgv, fdOutput);
+}
+
+// The whole content of the file open as fd, read from its start.
+std::string ReadWhole(int fd) {
+  std::string strContent;
+  char buffer[4096];
+  for (off_t nOffset = 0;;) {
+    const ssize_t nRead = pread(fd, buffer, sizeof(buffer), nOffset);
+    if (nRead < 0 && errno == EINTR) continue;
+    if (nRead <= 0) return strContent;
+    strContent.append(buffer, static_cast<size_t>(nRead));
+    nOffset += nRead;
+  }
+}
+
+// Writes all of strText to fd; false when it could not.
+bool WriteWhole(int fd, const std::string& strText) {
+  for (size_t nDone = 0; nDone < strText.size();) {
+    const ssize_t nWritten = write(fd, strText.data() + nDone, strText.size() - nDone);
+    if (nWritten < 0 && errno == EINTR) continue;
+    if (nWritten <= 0) return false;
+    nDone += static_cast<size_t>(nWritten);
+  }
+  return true;
 }
 
 // A new output file in strDir: its descriptor and path, or -1 with errno set.
@@ -81,7 +132,8 @@ std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   va_start(args, pszFormat);
   std::string strCommand = devhost::FormatV(pszFormat, args);
   va_end(args);
-  if (strCommand == kMountCommand) strCommand = devhost::MountCommand();
+  const bool bMountListing = strCommand == kMountCommand;
+  if (bMountListing) strCommand = devhost::MountCommand();
 
   const std::string strDir = devhost::TempDir();
   // Output files of commands killed before their caller removed them.
@@ -100,7 +152,16 @@ std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
       return strPath;  // still the template, which names no file
     }
   }
-  RunShellCommand(strCommand, fd);
+  std::string strListing;
+  if (bMountListing && devhost::SnapshotListing(strListing)) {
+    if (!WriteWhole(fd, strListing)) {
+      std::cerr << "ktl-cli: cannot write the mount listing to " << devhost::EscapeControlBytes(strPath) << ": "
+                << std::strerror(errno) << std::endl;
+    }
+  } else {
+    RunCommand(strCommand, fd);
+    if (bMountListing) devhost::KeepSnapshotListing(ReadWhole(fd));
+  }
   close(fd);
   return strPath;
 }
