@@ -36,6 +36,7 @@ bool LoadTemplate(const std::string& strName, std::string& strError) {
     strError = "the template " + strFile + " cannot be parsed: " + pTemplate->error_message();
     return false;
   }
+  pTemplate->set_custom_escape([](const std::string& strValue) { return strValue; });
   Cache()[strName] = pTemplate;
   return true;
 }
@@ -44,5 +45,7 @@ ParsedTemplate FindTemplate(const std::string& strName) {
   const auto it = Cache().find(strName);
   return it == Cache().end() ? ParsedTemplate() : it->second;
 }
+
+void ForgetTemplate(const std::string& strName) { Cache().erase(strName); }
 
 }  // namespace devhost

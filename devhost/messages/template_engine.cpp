@@ -56,14 +56,15 @@ bool CTemplateEngine::Output(CTempleteContext context, std::string& strOutput) {
     std::cerr << "ktl-cli: cannot render the template " << context.m_strTemplateName << ": " << strError << std::endl;
     return false;
   }
-  // Rendering records its errors in the template object: render a copy, so
-  // that the kept template stays valid for the next command.
-  kainjow::mustache::mustache renderer = *pParsed;
-  renderer.set_custom_escape([](const std::string& strValue) { return strValue; });
-  std::string strText = renderer.render(data);
-  if (!renderer.is_valid()) {
-    std::cerr << "ktl-cli: cannot render the template " << context.m_strTemplateName << ": " << renderer.error_message()
+  // Rendered in place: a copy of the parsed template would cost as much as
+  // parsing it. Rendering records an error in the template, which then
+  // renders nothing more, so a template that failed is dropped and read
+  // again at its next use.
+  std::string strText = pParsed->render(data);
+  if (!pParsed->is_valid()) {
+    std::cerr << "ktl-cli: cannot render the template " << context.m_strTemplateName << ": " << pParsed->error_message()
               << std::endl;
+    devhost::ForgetTemplate(context.m_strTemplateName);
     return false;
   }
   strOutput = strText;
