@@ -136,8 +136,14 @@ std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   if (bMountListing) strCommand = devhost::MountCommand();
 
   const std::string strDir = devhost::TempDir();
-  // Output files of commands killed before their caller removed them.
-  devhost::RemoveLeftovers(strDir, kOutputFilePrefix, true);
+  // Output files of commands killed before their caller removed them, looked
+  // for once per process and directory: TMPDIR may hold many files, and a
+  // command may ask for several outputs.
+  static std::string s_strSweptDir;
+  if (strDir != s_strSweptDir) {
+    devhost::RemoveLeftovers(strDir, kOutputFilePrefix, true);
+    s_strSweptDir = strDir;
+  }
   std::string strPath;
   int fd = CreateOutputFile(strDir, strPath);
   if (fd < 0) {
