@@ -135,8 +135,9 @@ def restore_save_state():
 
 # The floors beside them, without a target: ktl-cli's start with no command,
 # the same start plus the plug-in's load (bench/load_floor.cpp: the part of
-# every form that no command's work can remove), and the mount command alone
-# (which the save runs once).
+# every form that no command's work can remove), that plus the least file
+# work of an edit (lock, read, atomic replacement, audit line), and the
+# mount command alone (which the save runs once).
 forms = [
     ("edit", [cli, "logger", "-syslogoutput", "on"], edit_env, None, 1.2),
     ("-confirm cur", [cli, "logger", "-confirm", "cur"], confirm_env, None, 1.3),
@@ -144,6 +145,8 @@ forms = [
     ("floor: ktl-cli --help", [cli, "--help"], edit_env, None, None),
     ("floor: start + plug-in load", [load_floor, os.environ["KTL_PLUGIN_DIR"] + "/libktl_cli-logger.so"],
      edit_env, None, None),
+    ("floor: the same + edit's files", [load_floor, os.environ["KTL_PLUGIN_DIR"] + "/libktl_cli-logger.so",
+     edit_env["KTL_STATE_DIR"]], edit_env, None, None),
     ("floor: /bin/mount alone", ["/bin/mount"], edit_env, None, None),
 ]
 # One form after the other, so that the save's flushes do not slow the
