@@ -3,6 +3,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdio>
 #include <vector>
 
@@ -12,6 +13,9 @@ namespace devhost {
 namespace {
 
 const char kPasswdFile[] = "/etc/passwd";
+// Room for the strings of one /etc/passwd line: on the stack, whose pages
+// are already there, where a fresh heap block would cost page faults.
+const std::size_t kLocalEntrySize = 1024;
 const std::size_t kEntryBufferSize = 16384;
 
 // The name of nUid in the local password file, read with libc's own reader,
@@ -25,9 +29,9 @@ std::string LocalUserName(uid_t nUid) {
   std::string strName;
   struct passwd entry;
   struct passwd* pEntry = nullptr;
-  std::vector<char> buffer(kEntryBufferSize);
-  // Any error (an entry longer than the buffer included) ends the search:
-  // the name services are asked instead.
+  std::array<char, kLocalEntrySize> buffer;
+  // Any error (a line longer than the buffer included) ends the search: the
+  // name services, which read /etc/passwd too, are asked instead.
   while (fgetpwent_r(pFile, &entry, buffer.data(), buffer.size(), &pEntry) == 0 && pEntry != nullptr) {
     if (pEntry->pw_uid == nUid && pEntry->pw_name[0] != '+' && pEntry->pw_name[0] != '-') {
       strName = pEntry->pw_name;
