@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "devhost/files/command_lock.h"
 #include "devhost/files/fault_injection.h"
 #include "devhost/files/paths.h"
 #include "devhost/files/safe_open.h"
@@ -142,16 +143,12 @@ void RecordEndingSignal(int nSignal) {
   (void)raise(nSignal);  // the default action again: the process ends as the signal says
 }
 
-// Reserves room for nLength more bytes of the log, so that a full disk
-// shows now, before the command changes anything, rather than when its line
-// is written. A file system that cannot reserve is trusted to have room.
-bool ReserveRoom(int nFd, std::size_t nLength, const std::string& strFile, std::string& strError) {
-  struct stat st;
-  if (fstat(nFd, &st) != 0) {
-    strError = "cannot check " + strFile + ": " + std::strerror(errno);
-    return false;
-  }
-  if (fallocate(nFd, FALLOC_FL_KEEP_SIZE, st.st_size, static_cast<off_t>(nLength)) == 0) return true;
+// Reserves room for nLength more bytes of the log after its nSize bytes, so
+// that a full disk shows now, before the command changes anything, rather
+// than when its line is written. A file system that cannot reserve is
+// trusted to have room.
+bool ReserveRoom(int nFd, off_t nSize, std::size_t nLength, const std::string& strFile, std::string& strError) {
+  if (fallocate(nFd, FALLOC_FL_KEEP_SIZE, nSize, static_cast<off_t>(nLength)) == 0) return true;
   if (errno != ENOSPC && errno != EDQUOT) return true;
   strError = "cannot write " + strFile + ": " + std::strerror(errno);
   return false;
@@ -164,14 +161,17 @@ std::string AuditLogFile() { return StateDir() + "/audit.log"; }
 AuditStart BeginAuditRecord(int nSessionId, const std::string& strCommandLine, std::string& strError) {
   std::string strIgnored;
   Record().Write("unknown", strIgnored);
-  if (!PrepareStateDir(strError)) return AuditStart::kFailed;
+  // The command lock was taken in a state directory checked just before;
+  // only a command run without it (or during its question) checks here.
+  if (!isCommandLockHeld() && !PrepareStateDir(strError)) return AuditStart::kFailed;
   const std::string strFile = AuditLogFile();
-  const int nFd = OpenTrusted(strFile, O_WRONLY | O_APPEND | O_CREAT, 0600, strError);
+  struct stat st;
+  const int nFd = OpenTrusted(strFile, O_WRONLY | O_APPEND | O_CREAT, 0600, strError, st);
   if (nFd < 0) return AuditStart::kUnwritable;
   const std::string strHead = LocalTimestamp() + " user=" + RealUserName() + " session=" + std::to_string(nSessionId);
   const std::string strEscapedLine = EscapeControlBytes(strCommandLine);
   const std::size_t nLength = strHead.size() + strEscapedLine.size() + sizeof " status= \n" + kLongestStatus;
-  if (!ReserveRoom(nFd, nLength, strFile, strError)) {
+  if (!ReserveRoom(nFd, st.st_size, nLength, strFile, strError)) {
     close(nFd);
     return AuditStart::kUnwritable;
   }

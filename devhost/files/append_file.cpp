@@ -13,14 +13,12 @@
 namespace devhost {
 
 bool AppendToFile(const std::string& strPath, const std::string& strText, std::string& strError) {
-  const int fd = OpenNoFollow(strPath, O_WRONLY | O_APPEND | O_CREAT, 0600, strError, FileKind::kRegularOrTerminal);
+  struct stat st;
+  const int fd = OpenNoFollow(strPath, O_WRONLY | O_APPEND | O_CREAT, 0600, strError, FileKind::kRegularOrTerminal, st);
   if (fd < 0) return false;
   // A device keeps nothing that the host reads back: only a file is
   // checked for who may change it.
-  struct stat st;
-  const bool bChecked = fstat(fd, &st) == 0;
-  if (!bChecked) strError = "cannot check " + strPath + ": " + std::strerror(errno);
-  if (!bChecked || (S_ISREG(st.st_mode) && !isTrustedFile(fd, strPath, strError))) {
+  if (S_ISREG(st.st_mode) && !isTrustedFile(st, strPath, strError)) {
     close(fd);
     return false;
   }

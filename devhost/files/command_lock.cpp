@@ -17,6 +17,8 @@ CStateLock* g_pHeldCommandLock = nullptr;
 // Whether a question has let it go, and how often it was taken.
 bool g_bReleased = false;
 unsigned long g_nHolding = 0;
+// The holding in which the leftovers were last removed.
+unsigned long g_nLeftoversRemoved = 0;
 
 }  // namespace
 
@@ -27,7 +29,6 @@ CCommandLock::~CCommandLock() {
 bool CCommandLock::Acquire(std::string& strError) {
   const std::string strDir = StateDir();
   if (!PrepareStateDir(strError) || !m_lock.Acquire(strDir + kCommandLockFileName, strError)) return false;
-  RemoveLeftovers(strDir, kTempFileInfix, false);
   g_pHeldCommandLock = &m_lock;
   g_bReleased = false;
   ++g_nHolding;
@@ -51,5 +52,12 @@ CCommandLockReleased::~CCommandLockReleased() {
 bool isCommandLockHeld() { return g_pHeldCommandLock != nullptr && !g_bReleased; }
 
 unsigned long CommandLockHolding() { return g_nHolding; }
+
+void RemoveStateLeftovers() {
+  // Without the lock ever taken (a test's direct write), every time.
+  if (g_nHolding != 0 && g_nLeftoversRemoved == g_nHolding) return;
+  RemoveLeftovers(StateDir(), kTempFileInfix, false);
+  g_nLeftoversRemoved = g_nHolding;
+}
 
 }  // namespace devhost

@@ -59,6 +59,12 @@ bool isCommandLockHeld();
 // number stays the same.
 unsigned long CommandLockHolding();
 
+// Removes the temporary files that killed commands left in the state
+// directory (devhost/files/leftovers.h), once per holding of the lock: a
+// command does it before it replaces its first file there, so that a
+// command that only reads does not pay for the directory scan.
+void RemoveStateLeftovers();
+
 }  // namespace devhost
 
 #endif

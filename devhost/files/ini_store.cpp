@@ -12,6 +12,7 @@
 #include <sstream>
 #include <vector>
 
+#include "devhost/files/command_lock.h"
 #include "devhost/files/fault_injection.h"
 #include "devhost/files/leftovers.h"
 #include "devhost/files/paths.h"
@@ -159,6 +160,7 @@ bool WriteIniFile(const std::string& strPath, const IniTree& tree, std::string& 
 
 bool WriteFileAtomically(const std::string& strPath, const std::string& strContent, std::string& strError,
                          Flush eFlush) {
+  if (DirectoryOf(strPath) == StateDir()) RemoveStateLeftovers();
   std::string strTemplate = TempFileTemplate(strPath + ".tmp.");
   std::vector<char> tempName(strTemplate.begin(), strTemplate.end());
   tempName.push_back('\0');

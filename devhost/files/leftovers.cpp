@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "devhost/files/safe_open.h"
+
 namespace devhost {
 namespace {
 
@@ -49,7 +51,7 @@ void RemoveLeftovers(const std::string& strDir, const std::string& strPrefix, bo
     if (nProcessId <= 0 || nProcessId == getpid()) continue;
     struct stat st;
     if (fstatat(dirfd(pDir), strName.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(st.st_mode) ||
-        st.st_uid != geteuid()) {
+        st.st_uid != CallerUid()) {
       continue;
     }
     if (nNow - st.st_mtime > kStaleSeconds || isProcessGone(nProcessId)) {

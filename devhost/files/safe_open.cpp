@@ -22,7 +22,7 @@ std::string OctalMode(mode_t nMode) {
 
 // What is wrong with an object of the given status, or "" when nothing is.
 std::string TrustProblem(const struct stat& st) {
-  const uid_t nCaller = geteuid();
+  const uid_t nCaller = CallerUid();
   if (st.st_uid != nCaller && st.st_uid != 0) {
     return "it belongs to uid " + std::to_string(st.st_uid) + ", not to you (uid " + std::to_string(nCaller) + ")";
   }
@@ -54,7 +54,13 @@ std::string KindRefusal(const std::string& strPath, mode_t nMode, FileKind eKind
 
 }  // namespace
 
-int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError, FileKind eKind) {
+uid_t CallerUid() {
+  static const uid_t nCaller = geteuid();
+  return nCaller;
+}
+
+int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError, FileKind eKind,
+                 struct stat& st) {
   int nFd = -1;
   const int nInjected = InjectedOpenError(strPath);
   if (nInjected != 0) {
@@ -66,7 +72,6 @@ int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::stri
   }
   if (nFd < 0) {
     const int nErrno = errno;
-    struct stat st;
     // A FIFO without a reader, or a socket, answers a non-blocking open
     // with ENXIO, which would only puzzle: say what the path is instead.
     if (nErrno == ENXIO && lstat(strPath.c_str(), &st) == 0 && !isAcceptedKind(st.st_mode, eKind)) {
@@ -79,7 +84,6 @@ int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::stri
     errno = nErrno;
     return -1;
   }
-  struct stat st;
   const bool bChecked = fstat(nFd, &st) == 0;
   if (!bChecked || !isAcceptedKind(st.st_mode, eKind)) {
     strError =
@@ -89,9 +93,16 @@ int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::stri
     return -1;
   }
   // Later reads and writes wait as usual (a terminal may be slow to take a
-  // line); only the open must not.
-  fcntl(nFd, F_SETFL, fcntl(nFd, F_GETFL) & ~O_NONBLOCK);
+  // line); only the open must not. F_SETFL changes only the status flags
+  // (O_APPEND, O_NONBLOCK and the like) and keeps the rest: the flags given
+  // to open are the ones to keep.
+  fcntl(nFd, F_SETFL, nFlags & ~O_NONBLOCK);
   return nFd;
+}
+
+int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError, FileKind eKind) {
+  struct stat st;
+  return OpenNoFollow(strPath, nFlags, nMode, strError, eKind, st);
 }
 
 namespace {
@@ -110,13 +121,12 @@ bool isTrustedEntry(const struct stat& st, bool bDirectory, const std::string& s
 
 }  // namespace
 
-bool isTrustedFile(int nFd, const std::string& strPath, std::string& strError) {
-  struct stat st;
-  if (fstat(nFd, &st) != 0) {
-    strError = "cannot check " + strPath + ": " + std::strerror(errno);
-    return false;
-  }
+bool isTrustedFile(const struct stat& st, const std::string& strPath, std::string& strError) {
   return isTrustedEntry(st, false, strPath, strError);
+}
+
+bool isTrustedDirectory(const struct stat& st, const std::string& strPath, std::string& strError) {
+  return isTrustedEntry(st, true, strPath, strError);
 }
 
 bool isTrustedDirectory(const std::string& strPath, std::string& strError) {
@@ -128,15 +138,20 @@ bool isTrustedDirectory(const std::string& strPath, std::string& strError) {
   return isTrustedEntry(st, true, strPath, strError);
 }
 
-int OpenTrusted(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError) {
-  const int nFd = OpenNoFollow(strPath, nFlags, nMode, strError);
+int OpenTrusted(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError, struct stat& st) {
+  const int nFd = OpenNoFollow(strPath, nFlags, nMode, strError, FileKind::kRegular, st);
   if (nFd < 0) return -1;
-  if (!isTrustedFile(nFd, strPath, strError)) {
+  if (!isTrustedFile(st, strPath, strError)) {
     close(nFd);
     errno = EPERM;
     return -1;
   }
   return nFd;
+}
+
+int OpenTrusted(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError) {
+  struct stat st;
+  return OpenTrusted(strPath, nFlags, nMode, strError, st);
 }
 
 }  // namespace devhost

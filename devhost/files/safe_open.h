@@ -13,6 +13,7 @@
 #ifndef KTL_DEVHOST_SAFE_OPEN_H
 #define KTL_DEVHOST_SAFE_OPEN_H
 
+#include <sys/stat.h>
 #include <sys/types.h>
 
 #include <string>
@@ -30,20 +31,29 @@ enum class FileKind {
 // gets nMode (less the umask). Anything but eKind (a FIFO, a socket, a
 // directory) is refused. The descriptor is blocking again when returned.
 // -1 with errno set on failure, and strError naming the file and the error.
+// stStatus receives the opened file's status, for checks that follow.
+int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError, FileKind eKind,
+                 struct stat& stStatus);
 int OpenNoFollow(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError,
                  FileKind eKind = FileKind::kRegular);
 
-// True when the open file nFd is a regular file owned by the caller or root
-// that group and others cannot write. Otherwise strError names strPath and
-// what is wrong with it.
-bool isTrustedFile(int nFd, const std::string& strPath, std::string& strError);
+// True when stStatus (of strPath) is that of a regular file owned by the
+// caller or root that group and others cannot write. Otherwise strError
+// names strPath and what is wrong with it.
+bool isTrustedFile(const struct stat& stStatus, const std::string& strPath, std::string& strError);
 
-// The same rule for a directory, by its path.
+// The same rule for a directory, by its status or by its path.
+bool isTrustedDirectory(const struct stat& stStatus, const std::string& strPath, std::string& strError);
 bool isTrustedDirectory(const std::string& strPath, std::string& strError);
 
 // OpenNoFollow, then isTrustedFile: the descriptor, or -1 with strError set
 // (and the file closed again) when either fails.
+int OpenTrusted(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError, struct stat& stStatus);
 int OpenTrusted(const std::string& strPath, int nFlags, mode_t nMode, std::string& strError);
+
+// The effective user id, the "caller" of the rules above. Asked once per
+// process: ktl-cli never changes its user.
+uid_t CallerUid();
 
 }  // namespace devhost
 

@@ -28,7 +28,7 @@ std::string ParentOf(const std::string& strPath) {
 std::string AncestorProblem(const std::string& strDir) {
   struct stat st;
   if (stat(strDir.c_str(), &st) != 0) return std::string("cannot check it: ") + std::strerror(errno);
-  const uid_t nCaller = geteuid();
+  const uid_t nCaller = CallerUid();
   if (st.st_uid != nCaller && st.st_uid != 0) {
     return "it belongs to uid " + std::to_string(st.st_uid) + ", neither to you (uid " + std::to_string(nCaller) +
            ") nor to root";
@@ -44,8 +44,9 @@ std::string AncestorProblem(const std::string& strDir) {
 // The directories that decide who may swap strDir, as OpenSSH's StrictModes
 // checks them: every one above it, up to /. Of a directory still to be
 // made, its nearest existing ancestor (where it will be made) and every
-// one above that, so that nothing is made in an unsafe place.
-bool isTrustedAncestry(const std::string& strDir, std::string& strError) {
+// one above that, so that nothing is made in an unsafe place. bExists: the
+// caller found strDir itself.
+bool isTrustedAncestry(const std::string& strDir, bool bExists, std::string& strError) {
   std::string strExisting = strDir;
   if (strExisting[0] != '/') {
     const std::unique_ptr<char, decltype(&free)> pszCwd(getcwd(nullptr, 0), &free);
@@ -53,7 +54,7 @@ bool isTrustedAncestry(const std::string& strDir, std::string& strError) {
   }
   struct stat st;
   bool bCheckExisting = false;
-  while (stat(strExisting.c_str(), &st) != 0 && errno == ENOENT && strExisting != "/") {
+  while (!bExists && stat(strExisting.c_str(), &st) != 0 && errno == ENOENT && strExisting != "/") {
     strExisting = ParentOf(strExisting);
     bCheckExisting = true;
   }
@@ -88,7 +89,12 @@ bool PrepareStateDir(std::string& strError) {
         "KTL_STATE_DIR to a directory of your own";
     return false;
   }
-  return isTrustedAncestry(strDir, strError) && MakeDirectories(strDir, strError) &&
+  // Nearly always the directory exists: its one stat then serves every check.
+  struct stat st;
+  if (stat(strDir.c_str(), &st) == 0 && S_ISDIR(st.st_mode)) {
+    return isTrustedAncestry(strDir, true, strError) && isTrustedDirectory(st, strDir, strError);
+  }
+  return isTrustedAncestry(strDir, false, strError) && MakeDirectories(strDir, strError) &&
          isTrustedDirectory(strDir, strError);
 }
 

@@ -7,9 +7,9 @@
 
 namespace devhost {
 
-// The real user's name from the password database, control bytes escaped,
-// or the number when the user has none. Looked up once per process: the
-// real user of a process does not change.
+// The real user's name from /etc/passwd, else from the name services (LDAP,
+// sssd), control bytes escaped, or the number when the user has none.
+// Looked up once per process: the real user of a process does not change.
 std::string RealUserName();
 
 }  // namespace devhost

@@ -1,8 +1,8 @@
 Temporary files carry the id of the process that made them. A command
-removes those that killed commands left: in TMPDIR the mount listings
-ktl-cmd-<pid>.XXXXXX, in the state directory <file>.tmp.<pid>.XXXXXX. It
-leaves files of a live process, of another user, of another pattern and
-anything that is not a plain file:
+that makes one first removes those that killed commands left: in TMPDIR
+the mount listings ktl-cmd-<pid>.XXXXXX, in the state directory
+<file>.tmp.<pid>.XXXXXX. It leaves files of a live process, of another
+user, of another pattern and anything that is not a plain file:
 
   $ ktl-cli logger -syslogoutput on > /dev/null
   $ state=~/.local/state/ktl-cli
