@@ -1,5 +1,5 @@
-// INI files on disk: storable entries and atomic replacement. Malformed
-// files are explained through the logging tool's service.
+// INI files on disk: storable entries, atomic replacement, and the refusal
+// of malformed text with the line at fault.
 #include "devhost/files/ini_store.h"
 
 #include <signal.h>
@@ -78,6 +78,34 @@ TEST_F(IniStoreTest, ReplacementLeavesTheNewOrTheOldFileAndNoTemporaryFile) {
       EXPECT_TRUE(bReplaced) << c.name << ": " << strError;
       EXPECT_EQ(ReadFile(strPath), strNew) << c.name;
       EXPECT_EQ(std::filesystem::status(strPath).permissions(), std::filesystem::perms(0644)) << c.name;
+    }
+  }
+}
+
+// A malformed file is refused with its name and the line at fault, never
+// read in part; names are looked up whole, so a "." in them is no path.
+TEST_F(IniStoreTest, MalformedTextIsRefusedByLineAndNamesAreWhole) {
+  const struct {
+    const char* text;
+    const char* expected;  // the message after "conf.ini"; "" = parsed
+  } cases[] = {
+      {"; comment\n[A.B]\nx.y = 1\n", ""},
+      {"[A]\nx=1\n[A]\ny=2\n", ":3: malformed INI file: duplicate section name"},
+      {"[A]\nx=1\nx=2\n", ":3: malformed INI file: duplicate key name"},
+      {"[A]\nno value here\n", ":2: malformed INI file: '=' character not found in line"},
+      {"[A\nx=1\n", ":1: malformed INI file: unmatched '['"},
+      {"x=1\n[A]\ny=2\n", ": malformed INI file: key \"x\" stands before any section"},
+  };
+  for (const auto& c : cases) {
+    devhost::IniTree tree;
+    std::string strError;
+    const bool bParsed = devhost::ParseIniText(c.text, "conf.ini", tree, strError);
+    EXPECT_EQ(bParsed ? std::string() : strError, *c.expected ? "conf.ini" + std::string(c.expected) : "") << c.text;
+    if (bParsed) {
+      const std::string* pValue = devhost::FindIniValue(tree, "A.B", "x.y");
+      ASSERT_NE(pValue, nullptr);
+      EXPECT_EQ(*pValue, "1");
+      EXPECT_EQ(devhost::FindIniValue(tree, "A", "B.x.y"), nullptr);
     }
   }
 }
