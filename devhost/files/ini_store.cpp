@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "devhost/files/command_lock.h"
+#include "devhost/files/descriptor_io.h"
 #include "devhost/files/fault_injection.h"
 #include "devhost/files/leftovers.h"
 #include "devhost/files/paths.h"
@@ -27,37 +28,6 @@ std::string DirectoryOf(const std::string& strPath) {
   const std::string::size_type nSlash = strPath.rfind('/');
   if (nSlash == std::string::npos) return ".";
   return nSlash == 0 ? std::string("/") : strPath.substr(0, nSlash);
-}
-
-// Reads the whole file; false with errno set on failure.
-bool ReadAll(int nFd, std::string& strContent) {
-  char buffer[8192];
-  for (;;) {
-    const ssize_t nRead = read(nFd, buffer, sizeof buffer);
-    if (nRead == 0) return true;
-    if (nRead < 0) {
-      if (errno == EINTR) continue;
-      return false;
-    }
-    strContent.append(buffer, static_cast<std::size_t>(nRead));
-  }
-}
-
-// Writes all of strContent; false with errno set on failure.
-bool WriteAll(int nFd, const std::string& strContent) {
-  const char* pCursor = strContent.data();
-  std::size_t nLeft = strContent.size();
-  while (nLeft > 0) {
-    BeforeFileChange();
-    const ssize_t nWritten = write(nFd, pCursor, nLeft);
-    if (nWritten < 0) {
-      if (errno == EINTR) continue;
-      return false;
-    }
-    pCursor += nWritten;
-    nLeft -= static_cast<std::size_t>(nWritten);
-  }
-  return true;
 }
 
 // Flushes a directory so that a rename or removal in it survives a crash.
@@ -177,7 +147,7 @@ bool WriteFileAtomically(const std::string& strPath, const std::string& strConte
   // mkostemp creates the file private; a configuration is readable by all.
   if (fchmod(nFd, 0644) != 0) {
     pszFailedStep = "cannot set the mode of the temporary file";
-  } else if (!WriteAll(nFd, strContent)) {
+  } else if (!WriteAll(nFd, strContent, BeforeFileChange)) {
     pszFailedStep = "cannot write the temporary file";
   } else if (eFlush == Flush::kToDisk && fsync(nFd) != 0) {
     pszFailedStep = "cannot flush the temporary file";

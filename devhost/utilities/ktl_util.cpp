@@ -24,6 +24,7 @@
 #include <iostream>
 #include <vector>
 
+#include "devhost/files/descriptor_io.h"
 #include "devhost/files/fault_injection.h"
 #include "devhost/files/leftovers.h"
 #include "devhost/files/paths.h"
@@ -101,30 +102,6 @@ void RunCommand(const std::string& strCommand, int fdOutput) {
   SpawnAndWait("/bin/sh", shellArgv, fdOutput);
 }
 
-// The whole content of the file open as fd, read from its start.
-std::string ReadWhole(int fd) {
-  std::string strContent;
-  char buffer[4096];
-  for (off_t nOffset = 0;;) {
-    const ssize_t nRead = pread(fd, buffer, sizeof(buffer), nOffset);
-    if (nRead < 0 && errno == EINTR) continue;
-    if (nRead <= 0) return strContent;
-    strContent.append(buffer, static_cast<size_t>(nRead));
-    nOffset += nRead;
-  }
-}
-
-// Writes all of strText to fd; false when it could not.
-bool WriteWhole(int fd, const std::string& strText) {
-  for (size_t nDone = 0; nDone < strText.size();) {
-    const ssize_t nWritten = write(fd, strText.data() + nDone, strText.size() - nDone);
-    if (nWritten < 0 && errno == EINTR) continue;
-    if (nWritten <= 0) return false;
-    nDone += static_cast<size_t>(nWritten);
-  }
-  return true;
-}
-
 // A new output file in strDir: its descriptor and path, or -1 with errno set.
 int CreateOutputFile(const std::string& strDir, std::string& strPath) {
   const std::string strTemplate = strDir + "/" + devhost::TempFileTemplate(kOutputFilePrefix);
@@ -183,13 +160,16 @@ std::string CKtlUtil::ExecSystemCmd(const char* pszFormat, ...) {
   }
   std::string strListing;
   if (bMountListing && devhost::SnapshotListing(strListing)) {
-    if (!WriteWhole(fd, strListing)) {
+    if (!devhost::WriteAll(fd, strListing)) {
       std::cerr << "ktl-cli: cannot write the mount listing to " << devhost::EscapeControlBytes(strPath) << ": "
                 << std::strerror(errno) << std::endl;
     }
   } else {
     RunCommand(strCommand, fd);
-    if (bMountListing) devhost::KeepSnapshotListing(ReadWhole(fd));
+    std::string strTaken;
+    if (bMountListing && lseek(fd, 0, SEEK_SET) == 0 && devhost::ReadAll(fd, strTaken)) {
+      devhost::KeepSnapshotListing(strTaken);
+    }
   }
   close(fd);
   return strPath;
